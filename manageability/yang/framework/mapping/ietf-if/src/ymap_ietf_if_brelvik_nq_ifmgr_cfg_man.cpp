@@ -1,0 +1,71 @@
+// What a person wrote for the model Brelvik-NQ-ifmgr-cfg: the augment hook of an
+// interface-configuration entry, which takes the place of the default hook of its name and hands
+// the entry's packet filters to the map of their own model.
+
+#include "ymap_ietf_if_brelvik_nq_ifmgr_cfg_man.h"
+
+using namespace ymap;
+
+// The maps of the packet filters of an entry. A sibling library exports them; the first call binds
+// each.
+extern "C" {
+OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvla_interface_configuration; // IPv6
+OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlb_interface_configuration; // Ethernet services
+OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration; // IPv4
+}
+
+namespace {
+
+constexpr LogText text_processing_tag = YMAP_TRACE_TEXT("Processing tag '%s'");
+constexpr LogText text_unknown_name   = YMAP_TRACE_TEXT("Unknown Name tag.");
+
+struct PacketFilterSites : FrameSites {
+    SiteWord no_tag;
+    SiteWord processing_tag;
+    SiteWord unknown_name;
+};
+
+/// Hands `node` to the map of the packet filter that its tag names; leaves what came of it in
+/// `status`. A tag of no packet filter is no failure and leaves the status alone.
+void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree,
+                            const Place& place, PacketFilterSites& sites, uint32_t& status)
+{
+    const char* tag = node->tag;
+    if (tag == nullptr) {
+        log_point(ctx, text_no_tag, place, sites.no_tag);
+        status = MAP_ERR_NO_SUBTREES;
+        return;
+    }
+    log_point(ctx, text_processing_tag, place, sites.processing_tag, tag);
+    if (ozk_map_do_these_match(tag, "ipv6-packet-filter") != 0)
+        status = ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvla_interface_configuration(
+            ctx, node, tree);
+    else if (ozk_map_do_these_match(tag, "es-packet-filter") != 0)
+        status = ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlb_interface_configuration(
+            ctx, node, tree);
+    else if (ozk_map_do_these_match(tag, "ipv4-packet-filter") != 0)
+        status = ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration(
+            ctx, node, tree);
+    else
+        log_point(ctx, text_unknown_name, place, sites.unknown_name);
+}
+
+} // namespace
+
+/// Packet filters of their own namespace are dispatched on any operation, and on a read whatever
+/// the namespace. A read therefore reaches the map of a filter twice; the later status counts.
+extern "C" uint32_t
+ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments(
+    OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree)
+{
+    static PacketFilterSites sites;
+    const Place place{__func__, __LINE__};
+    return in_frame(ctx, node, tree, place, sites, [&] {
+        uint32_t status = MAP_OK;
+        if (ozk_map_do_these_match(NS_NQ_IP_PFILTER_CFG, node->ns_uri) != 0)
+            dispatch_packet_filter(ctx, node, tree, place, sites, status);
+        if (is_read(ctx))
+            dispatch_packet_filter(ctx, node, tree, place, sites, status);
+        return status;
+    });
+}
