@@ -1,0 +1,147 @@
+// What a run holds, and how each operation goes through it. Internal to the framework; operations
+// are in ops.cpp, the class's own functions in run.cpp.
+
+#ifndef OZK_RUN_STATE_H
+#define OZK_RUN_STATE_H
+
+#include <array>
+#include <cstring>
+#include <deque>
+#include <exception>
+#include <map>
+#include <memory>
+#include <utility>
+
+#include "run.h"
+#include "texts.h"
+
+/// The output tree is the flat list of what was added.
+struct OzkDataTree {
+    std::vector<ozk::AddedPath> paths;
+};
+
+namespace ozk {
+
+/// Operations whose answer a test may replace.
+constexpr bool can_be_answered(Op op)
+{
+    return op == Op::add_path || op == Op::update_list || op == Op::copy_text || op == Op::sibling;
+}
+
+struct Run::State {
+    State(Run& owner, uint32_t op_code);
+
+    /// A log or trace handle of the context is the address of one of these.
+    struct Handle {
+        State* owner;
+    };
+    static uint64_t value_of(const Handle& handle)
+    {
+        return reinterpret_cast<uint64_t>(&handle);
+    }
+
+    struct Walked {
+        const OzkMapNode* node;
+        uint32_t          kind;
+    };
+
+    // What the library sees. Its addresses are handed out: a state never moves.
+    Run&            run;
+    Handle          error_log{this};
+    Handle          trace_log{this};
+    Handle          trace_buffer{this};
+    OzkMapOperation operation{};
+    OzkMapRequest   request{};
+    OzkMapCtx       ctx{};
+    OzkDataTree     tree;
+
+    /// Whether operations have to go the long way: a listener, a record or answers wait for them.
+    bool hooked = false;
+
+    std::vector<Walked> hierarchy;
+    size_t              hierarchy_floor = 0; ///< nodes on it that the walk going on found there
+    const OzkMapNode*   asked           = nullptr; ///< node of the last test of its edit
+    const OzkMapNode*   offending_node  = nullptr;
+
+    Texts                    texts;
+    std::vector<const char*> copies; ///< what ozk_strdup gave out
+    std::deque<std::string>  trace;
+    size_t                   trace_capacity = 4096;
+    uint32_t                 trace_index    = 0;
+    FILE*                    log_stream     = nullptr;
+    std::vector<std::string> faults;
+
+    using Listener = std::function<void(Run&, const Call&)>;
+    bool                                      recording = false;
+    std::vector<Call>                         calls;
+    std::shared_ptr<Listener>                 listener;
+    std::map<std::pair<Op, size_t>, uint32_t> answers; ///< by operation and number of its call
+    /// Calls so far of each operation that can_be_answered().
+    std::array<size_t, static_cast<size_t>(Op::sibling) + 1> seen{};
+
+    void update_hooked() { hooked = recording || listener != nullptr || !answers.empty(); }
+
+    /// Reports a broken contract. A report that finds no memory ends the process.
+    void fault(Op op, std::string_view what) noexcept;
+    /// A copy of a path or namespace. Those are static texts, which come again and again under the
+    /// same address; the text is compared all the same, since a library may be unloaded.
+    std::string_view intern_static(const char* text)
+    {
+        auto& known = known_texts_[(reinterpret_cast<uintptr_t>(text) >> 3) % known_texts_.size()];
+        if (known.first != text || std::strcmp(known.second.data(), text) != 0)
+            known = {text, texts.intern(text)};
+        return known.second;
+    }
+
+private:
+    std::array<std::pair<const char*, std::string_view>, 128> known_texts_{};
+};
+
+/// The run that is the thread's current one, or null.
+extern constinit thread_local Run::State* current_state;
+
+/// What an operation answers if it could not be carried out for want of memory, or because a
+/// listener threw. It is the framework's own and no status of a map library.
+inline constexpr uint32_t STATUS_FAILED = 12;
+
+/// The long way of an operation, see perform(). Out of line, so that the short way needs no stack.
+template <Op op, class Describe, class Effect>
+[[gnu::cold, gnu::noinline]] uint32_t perform_hooked(Run::State& state, size_t count,
+                                                     Describe describe, Effect effect)
+{
+    Call call{.op = op};
+    describe(call);
+    if (const auto listener = state.listener) // kept, as it may set another one
+        (*listener)(state.run, call);
+    const auto answer     = state.answers.find({op, count});
+    const uint32_t result = answer != state.answers.end() ? answer->second : effect();
+    call.result           = result;
+    if (state.recording)
+        state.calls.push_back(std::move(call));
+    return result;
+}
+
+/// Carries out an operation: counts it, shows it to the listener, lets `effect` do it or a test's
+/// answer take its place, and records it. `describe` fills in the record of the call. Nothing is
+/// thrown: operations are called from code that knows no exceptions.
+template <Op op, class Describe, class Effect>
+uint32_t perform(Run::State& state, Describe describe, Effect effect) noexcept
+{
+    try {
+        size_t count = 0;
+        if constexpr (can_be_answered(op))
+            count = ++state.seen[static_cast<size_t>(op)];
+        if (!state.hooked) [[likely]]
+            return effect();
+        return perform_hooked<op>(state, count, describe, effect);
+    } catch (const std::exception& error) {
+        state.fault(op, error.what());
+    } catch (...) {
+        state.fault(op, "the listener has thrown");
+    }
+    return STATUS_FAILED;
+}
+
+} // namespace ozk
+
+#endif
