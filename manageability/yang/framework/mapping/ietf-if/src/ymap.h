@@ -293,7 +293,7 @@ template <class... Arguments>
                                              Arguments... arguments)
 {
     const int log_on = ozk_debug_should_log(&ctx->_debug_ctx, text.level);
-    if (log_on != 0 || ctx->trace_on != 0) [[unlikely]]
+    if ((static_cast<uint32_t>(log_on) | ctx->trace_on) != 0) [[unlikely]] // one test for both
         write_log_point(ctx, log_on, text, place.function, place.line, site_word, arguments...);
 }
 

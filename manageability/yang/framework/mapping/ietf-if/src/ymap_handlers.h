@@ -59,13 +59,14 @@ namespace {
 }
 
 /// Opens the frame of a map function. False if there is nothing to work on: the function then
-/// returns MAP_ERR_INVALID_ARGS without leave().
-[[gnu::always_inline]] inline bool enter(OzkMapCtx* ctx, bool arguments_valid, const Place& place,
-                                         FrameSites& sites)
+/// returns MAP_ERR_INVALID_ARGS without leave(). `arguments_valid` is a callable that says so.
+template <class ArgumentsValid>
+[[gnu::always_inline]] inline bool enter(OzkMapCtx* ctx, ArgumentsValid arguments_valid,
+                                         const Place& place, FrameSites& sites)
 {
     assert_context(ctx, place.line);
     log_point(ctx, text_start, place, sites.start);
-    if (arguments_valid) [[likely]]
+    if (arguments_valid()) [[likely]]
         return true;
     log_point(ctx, text_invalid_arguments, place, sites.invalid_arguments);
     return false;
@@ -83,7 +84,8 @@ template <class Work>
                                                 OzkDataTree* tree, const Place& place,
                                                 FrameSites& sites, Work work)
 {
-    if (!enter(ctx, node != nullptr && tree != nullptr, place, sites))
+    const auto arguments_valid = [=] { return node != nullptr && tree != nullptr; };
+    if (!enter(ctx, arguments_valid, place, sites)) [[unlikely]]
         return MAP_ERR_INVALID_ARGS;
     const uint32_t status = work();
     leave(ctx, place, sites);
@@ -145,8 +147,13 @@ private:
                                                  OzkDataTree* tree, const char* function,
                                                  Sites& sites, int line)
     {
-        return in_frame(ctx, node, tree, {function, line}, sites,
-                        []() -> uint32_t { return MAP_OK; });
+        // One answer is kept over the calls instead of two pointers.
+        const bool arguments_valid = node != nullptr && tree != nullptr;
+        const Place place{function, line};
+        if (!enter(ctx, [=] { return arguments_valid; }, place, sites)) [[unlikely]]
+            return MAP_ERR_INVALID_ARGS;
+        leave(ctx, place, sites);
+        return MAP_OK;
     }
 };
 
