@@ -1,0 +1,110 @@
+// The library as a plugin: loaded by name into a process that has the framework's operations but
+// none of the sibling libraries, and with functions that a maintainer wrote in place of generated
+// ones. This program links neither the map library nor the siblings.
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "data_tree.h"
+#include "run.h"
+
+namespace {
+
+using Paths = std::vector<std::string>;
+
+constexpr char root_walker[] = "ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces";
+
+class Library {
+public:
+    explicit Library(const char* file) : handle_(dlopen(file, RTLD_LAZY | RTLD_LOCAL))
+    {
+        EXPECT_NE(handle_, nullptr) << dlerror();
+    }
+    ~Library() { dlclose(handle_); }
+    Library(const Library&) = delete;
+
+    OzkMapFunction* function(const std::string& name) const
+    {
+        return reinterpret_cast<OzkMapFunction*>(dlsym(handle_, name.c_str()));
+    }
+
+private:
+    void* handle_;
+};
+
+ozk::DataNode node(const char* tag, const char* ns_uri, std::vector<ozk::DataNode> children = {})
+{
+    ozk::DataNode made;
+    made.tag = tag;
+    made.ns_uri = ns_uri;
+    made.children = std::move(children);
+    return made;
+}
+
+/// An edit of /interfaces with an entry that sets `type`, and with a node of another model.
+ozk::DataNode request()
+{
+    return node("interfaces", NS_IETF_INTERFACES,
+                {node("interface", NS_IETF_INTERFACES, {node("type", NS_IETF_INTERFACES)}),
+                 node("policy", "urn:example:foreign")});
+}
+
+Paths walk(const Library& library, uint32_t op_code, const ozk::DataNode& tree, uint32_t& status)
+{
+    const ozk::InputTree input(tree);
+    ozk::Run run(op_code);
+    status = run.walk(library.function(root_walker), &input.root());
+    Paths paths;
+    for (const ozk::AddedPath& added : run.added())
+        paths.emplace_back(added.path);
+    return paths;
+}
+
+TEST(Loading, WorksWithoutTheSiblings)
+{
+    ASSERT_EQ(dlsym(RTLD_DEFAULT,
+                    "ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface"),
+              nullptr);
+    const Library library(YMAP_LIBRARY);
+    uint32_t status = MAP_OK;
+    EXPECT_EQ(walk(library, MAP_OP_EDIT, request(), status),
+              Paths{"/interface-configurations/interface-configuration"});
+    EXPECT_EQ(status, MAP_NOT_MAPPED);
+}
+
+#ifndef YMAP_SANITIZED // the sanitizers' runtimes look at the dying process their own way
+using LoadingDeathTest = testing::Test;
+
+TEST(LoadingDeathTest, MissingSiblingIsNamedWhenItIsCalled)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const Library library(YMAP_LIBRARY);
+    uint32_t status = MAP_OK;
+    EXPECT_EXIT(walk(library, MAP_OP_GET, node("interfaces", NS_IETF_INTERFACES), status),
+                testing::ExitedWithCode(127),
+                "undefined symbol: "
+                "ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface");
+}
+#endif
+
+TEST(Loading, FunctionsOfTheManualSourceTakeThePlaceOfGeneratedOnes)
+{
+    const Library library(YMAP_REPLACED_LIBRARY);
+    uint32_t status = MAP_OK;
+    EXPECT_EQ(walk(library, MAP_OP_EDIT, request(), status),
+              (Paths{"/container", "/list", "/leaf", "/hook"}));
+    EXPECT_EQ(status, MAP_OK);
+    // The generated bodies stay under their own names, called by nobody.
+    for (const std::string name :
+         {"list_lvla_interfaces_interface", "leaf_lvla_interfaces_interface_type",
+          "lvla_interfaces_parse_augments"}) {
+        const std::string plain = "ymap_iq_ietf_if_ietfinterfaces_" + name;
+        ASSERT_NE(library.function("__" + plain), nullptr);
+        EXPECT_NE(library.function("__" + plain), library.function(plain));
+    }
+}
+
+} // namespace
