@@ -1,0 +1,27 @@
+// The verbs of the command. Each verb is a file of its own that adds a subcommand with its options
+// and, when the command line has chosen it, leaves what to do in `chosen`.
+
+#ifndef YMAP_HOST_COMMANDS_H
+#define YMAP_HOST_COMMANDS_H
+
+#include <functional>
+
+#include <CLI/CLI.hpp>
+
+namespace ymap::host {
+
+/// Exit statuses of every verb.
+enum ExitStatus : int {
+    exit_mapped     = 0, ///< all walks returned 0
+    exit_walk_error = 1, ///< a walk returned a status, or a call broke the framework's contract
+    exit_bad_input  = 2, ///< the input or the command line is at fault; nothing was walked
+};
+
+/// What the command line asks for; its result is the exit status. May throw InputError.
+using Command = std::function<int()>;
+
+void add_map_command(CLI::App& app, Command& chosen);
+
+} // namespace ymap::host
+
+#endif

@@ -1,0 +1,54 @@
+// The command `ymap`: one subcommand a verb. Here is what they share: the version, the one line for
+// a bad command line or bad input, and the check that standard output took all that was written.
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <string>
+
+#include <CLI/CLI.hpp>
+#include <fmt/core.h>
+
+#include "commands.h"
+#include "input_error.h"
+
+int main(int argc, char** argv)
+{
+    using namespace ymap::host;
+
+    CLI::App app{"Maps NETCONF requests on ietf-interfaces to a router's native models, and native "
+                 "data back,\nby walking a map library as the router's agent does.",
+                 "ymap"};
+    app.set_version_flag("--version", "ymap " YMAP_VERSION);
+    app.set_help_all_flag("--help-all", "Print the help of all verbs and exit");
+    app.require_subcommand(1);
+
+    Command chosen;
+    add_map_command(app, chosen);
+
+    std::string footer;
+    for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; }))
+        footer += verb->get_footer() + "\n";
+    app.footer(footer + "\nExit status: 0 mapped, 1 a walk returned a status, 2 the input or the "
+                        "command line is at fault.");
+
+    try {
+        app.parse(argc, argv);
+        const int status = chosen();
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            fmt::print(stderr, "ymap: cannot write the output: {}\n", std::strerror(errno));
+            return exit_bad_input;
+        }
+        return status;
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0)
+            return app.exit(error); // --help, --version
+        fmt::print(stderr, "ymap: {}; see ymap --help\n", error.what());
+    } catch (const InputError& error) {
+        fmt::print(stderr, "{}\n", error.what());
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "ymap: {}\n", error.what());
+    }
+    return exit_bad_input;
+}
