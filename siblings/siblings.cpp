@@ -28,7 +28,7 @@ uint32_t called(EntryPoint& entry_point, OzkMapCtx* ctx, const OzkMapNode* node)
 {
     entry_point.calls.fetch_add(1, std::memory_order_relaxed);
     if (FILE* out = stream.load())
-        fprintf(out, "%s %s\n", entry_point.name,
+        fprintf(out, "sibling called: %s, tag %s\n", entry_point.name,
                 node != nullptr && node->tag != nullptr ? node->tag : "-");
     YmapSiblingsListener* ask = listener.load();
     return ask != nullptr ? ask(entry_point.name, ctx, node) : uint32_t{MAP_OK};
