@@ -177,8 +177,12 @@ TEST(NativeConfiguration, FilterHookRefusesANullTagEachTimeItDispatches)
     for (const auto& [op, lines] : {std::pair{MAP_OP_GET, 2U}, {MAP_OP_EDIT, 1U}}) {
         Walk walk(native_configuration, op,
                   {in_ns(without_tag(node("")), NS_NQ_IP_PFILTER_CFG)});
+        walk.run.set_level(MAP_LOG_TRACE, true);
         EXPECT_EQ(walk.run.walk(hook, walk.input.root().subtrees), MAP_ERR_NO_SUBTREES);
-        EXPECT_EQ(walk.script({"ERR"}), Lines(lines, "ERR Tag name is not available!"));
+        EXPECT_EQ(walk.script(), Lines({"TRC Start", std::string("match ") + NS_NQ_IP_PFILTER_CFG +
+                                                         " " + NS_NQ_IP_PFILTER_CFG}) +
+                                     Lines(lines, "ERR Tag name is not available!") +
+                                     Lines{"TRC End"});
         EXPECT_EQ(walk.offending_tag(), "-");
     }
 }

@@ -93,7 +93,7 @@ void expect_calls(const schema::Node& described, Lines& lines)
 /// The trace for the node and all below it, as "FUNCTION TEXT".
 void expect_trace(const schema::Node& described, Lines& lines)
 {
-    const std::string handler = "__" + described.handler();
+    const std::string handler = (described.manual_handler ? "" : "__") + described.handler();
     lines.push_back(described.walker() + " Start");
     const bool bare_list = described.kind == schema::Kind::list && adds_of(described).empty();
     if (!bare_list)

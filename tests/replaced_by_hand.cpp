@@ -1,5 +1,5 @@
 // What a maintainer links into the library to take the place of generated functions: one of each
-// kind. Linked with the library's own objects it makes the library that replacement_test loads.
+// kind. Linked with the library's own objects it makes the library that loading_test loads.
 
 #include "ymap_handlers.h"
 

@@ -30,6 +30,8 @@ Node parse_line(const std::string& line)
             node.manual_leaf = true;
         else if (word == "when")
             node.when_hook = true;
+        else if (word == "by-hand")
+            node.manual_handler = true;
         else if (word == "hook")
             node.manual_augment_hook = true;
         else

@@ -18,6 +18,7 @@ struct Node {
     bool manual_leaf = false;
     bool when_hook = false;
     bool manual_augment_hook = false;
+    bool manual_handler = false;
     std::string prefix; ///< "ymap_iq_ietf_if_ietfinterfaces_" and so on
     std::string stem;   ///< letter and stem: "lvla_interfaces_interface"
     std::vector<Node> children;

@@ -79,17 +79,16 @@ uint32_t ask_run(const char* entry_point, OzkMapCtx*, const OzkMapNode* node)
 
 } // namespace
 
-const Root ietf_configuration{"interfaces", NS_IETF_INTERFACES,
+const Root ietf_configuration{"interfaces", NS_IETF_INTERFACES, NS_NQ_IFMGR_CFG,
                               ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces};
-const Root ietf_state{"interfaces-state", NS_IETF_INTERFACES,
+const Root ietf_state{"interfaces-state", NS_IETF_INTERFACES, NS_NQ_PFI_IM_CMD_OPER,
                       ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate};
 const Root native_configuration{
-    "interface-configurations", NS_NQ_IFMGR_CFG,
+    "interface-configurations", NS_NQ_IFMGR_CFG, NS_IETF_INTERFACES,
     ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations};
-const Root native_global{
-    "global-interface-configuration", NS_NQ_IFMGR_CFG,
-    ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration};
-const Root native_operational{"interfaces", NS_NQ_PFI_IM_CMD_OPER,
+const Root native_global{"global-interface-configuration", NS_NQ_IFMGR_CFG, NS_IETF_INTERFACES,
+                         ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration};
+const Root native_operational{"interfaces", NS_NQ_PFI_IM_CMD_OPER, NS_IETF_INTERFACES,
                               ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces};
 const Root* const all_roots[5] = {&ietf_configuration, &ietf_state, &native_configuration,
                                   &native_global, &native_operational};

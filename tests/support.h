@@ -50,6 +50,7 @@ DataNode at_position(uint32_t position, DataNode node);
 struct Root {
     const char* tag;
     const char* ns_uri;
+    const char* output_ns; ///< of all paths that a walk adds
     OzkMapFunction* walker;
 };
 extern const Root ietf_configuration;

@@ -30,6 +30,8 @@ public:
         bytes_.assign(std::istreambuf_iterator<char>(in), {});
         EXPECT_GT(bytes_.size(), sizeof(Elf64_Ehdr)) << file;
         const auto* header = at<Elf64_Ehdr>(0);
+        for (unsigned i = 0; i < header->e_phnum; ++i)
+            segments.push_back(*at<Elf64_Phdr>(header->e_phoff + i * sizeof(Elf64_Phdr)));
         for (unsigned i = 0; i < header->e_shnum; ++i) {
             const auto* section = at<Elf64_Shdr>(header->e_shoff + i * sizeof(Elf64_Shdr));
             const auto* names = at<Elf64_Shdr>(header->e_shoff +
@@ -60,6 +62,7 @@ public:
         return {first, first + header->sh_size / sizeof(Entry)};
     }
 
+    std::vector<Elf64_Phdr> segments;
     std::map<std::string, const Elf64_Shdr*> sections;
     std::map<std::string, Symbol> defined;
     std::set<std::string> undefined;
@@ -90,7 +93,8 @@ std::map<std::string, Export> names_by_rule()
         for (const schema::Node& root : model.roots) {
             names[root.walker()] = Export::alone;
             schema::for_each(root, [&](const schema::Node& node) {
-                names[node.handler()] = Export::twin;
+                names[node.handler()] =
+                    node.manual_handler ? Export::replaced : Export::twin;
                 if (node.kind != schema::Kind::leaf)
                     names[node.augment_hook()] =
                         node.manual_augment_hook ? Export::replaced : Export::twin;
@@ -188,6 +192,48 @@ TEST(Symbols, ImportsAreTheFrameworkTheSiblingsAndLibc)
 TEST(Library, NeedsLibcAlone)
 {
     EXPECT_EQ(Elf(YMAP_LIBRARY).needed, std::set<std::string>{"libc.so.6"});
+}
+
+// What the library can reach at all: no allocator, no file, no lock but that of stderr.
+TEST(Library, OfLibcImportsWhatAssertionsAndLinesNeed)
+{
+    std::set<std::string> others;
+    for (const std::string& name : Elf(YMAP_LIBRARY).undefined)
+        if (!name.empty() && !name.starts_with("ymap_") && !name.starts_with("ozk_") &&
+            name != "_lstrace" && name != "_tlm_dt_log_filter_adv" && name != "ret_nc_ozk_trace_index_incr")
+            others.insert(name);
+    EXPECT_EQ(others, (std::set<std::string>{"__stack_chk_fail", "abort", "flockfile", "fprintf",
+                                             "snprintf", "stderr"}));
+}
+
+TEST(Library, Hardening)
+{
+    const Elf library(YMAP_LIBRARY);
+    bool has_relro = false;
+    for (const Elf64_Phdr& segment : library.segments) {
+        if (segment.p_type == PT_LOAD || segment.p_type == PT_GNU_STACK) {
+            EXPECT_NE(segment.p_flags & (PF_W | PF_X), unsigned{PF_W | PF_X});
+        }
+        if (segment.p_type != PT_GNU_RELRO)
+            continue;
+        has_relro = true;
+        // All but the slots of the sibling entry points, which are bound at their first call.
+        for (const char* name : {".dynamic", ".got"}) {
+            const Elf64_Shdr* section = library.sections.at(name);
+            EXPECT_GE(section->sh_addr, segment.p_vaddr) << name;
+            EXPECT_LE(section->sh_addr + section->sh_size, segment.p_vaddr + segment.p_memsz)
+                << name;
+        }
+    }
+    EXPECT_TRUE(has_relro);
+    const uint64_t reserved_slots = 3; // the linker's own
+    EXPECT_EQ(library.entries<uint64_t>(".got.plt").size(), reserved_slots + 4);
+
+    // Note header, "GNU", then properties of type, size and value; one is all there is.
+    const auto note = library.entries<uint32_t>(".note.gnu.property");
+    ASSERT_GE(note.size(), 7U);
+    EXPECT_EQ(note[4], unsigned{GNU_PROPERTY_X86_FEATURE_1_AND});
+    EXPECT_EQ(note[6], unsigned{GNU_PROPERTY_X86_FEATURE_1_IBT | GNU_PROPERTY_X86_FEATURE_1_SHSTK});
 }
 
 TEST(Library, RunsNothingAtLoadTime)

@@ -23,6 +23,13 @@ std::vector<std::unique_ptr<Walk>> walks()
     };
     add(ietf_configuration, MAP_OP_GET, {});
     add(ietf_configuration, MAP_OP_EDIT, {node("interface", {leaf("name", "a"), node("x")})});
+    add(ietf_configuration, MAP_OP_EDIT, {node("interface", {leaf("description", "x")})});
+    add(ietf_configuration, MAP_OP_EDIT, {node("interface", {node("name")})});
+    add(ietf_configuration, MAP_OP_EDIT,
+        {node("interface", {with(Edit::erase, leaf("name", "a"))})});
+    add(ietf_configuration, MAP_OP_EDIT, {without_tag(node(""))});
+    add(ietf_configuration, MAP_OP_EDIT, {node("interface")});
+    all.back()->input.root().subtrees = nullptr;
     add(ietf_state, MAP_OP_GET, {node("interface", {leaf("name", "a")})});
     add(native_configuration, MAP_OP_GET,
         {node("interface-configuration",
@@ -121,6 +128,7 @@ TEST(Tracing, SiteWordsBelongToOnePlace)
                                                                           : line.find("R: ") + 3;
             const std::string place = line.substr(function, line.find(' ', function) - function) +
                                       " " + logged[i]->format;
+            EXPECT_EQ(line.find(":0 ctx="), std::string::npos) << line;
             const auto [word, fresh_word] =
                 place_of_word.try_emplace(logged[i]->site_word, place);
             EXPECT_EQ(word->second, place);
@@ -200,7 +208,8 @@ void for_each_function(const Visit& visit)
         for (const schema::Node& root : model.roots) {
             visit(root.walker(), "", false);
             schema::for_each(root, [&](const schema::Node& described) {
-                visit(described.handler(), "__", described.kind == schema::Kind::container);
+                visit(described.handler(), described.manual_handler ? "" : "__",
+                      described.kind == schema::Kind::container);
                 if (described.kind != schema::Kind::leaf)
                     visit(described.augment_hook(), described.manual_augment_hook ? "" : "__",
                           false);

@@ -30,6 +30,8 @@ inline void check(const std::vector<WalkCase>& cases)
         EXPECT_EQ(walk.go(), c.status);
         EXPECT_EQ(walk.script(), c.calls);
         EXPECT_EQ(walk.offending_tag(), c.offending_tag);
+        for (const ozk::AddedPath& added : walk.run.added())
+            EXPECT_EQ(added.ns_uri, c.root.output_ns) << added.path;
         EXPECT_TRUE(walk.run.faults().empty()) << walk.run.faults().front();
     }
 }

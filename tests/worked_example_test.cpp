@@ -12,7 +12,8 @@ extern "C" OzkMapFunction ymap_qi_ietf_if_exampleports_lvla_ports;
 namespace test {
 namespace {
 
-const Root ports{"ports", "urn:example:ports", ymap_qi_ietf_if_exampleports_lvla_ports};
+const Root ports{"ports", "urn:example:ports", NS_IETF_INTERFACES,
+                 ymap_qi_ietf_if_exampleports_lvla_ports};
 
 TEST(WorkedExample, MapsAsThePageSays)
 {

@@ -253,7 +253,7 @@ namespace {
 
 /// The path of the source that includes this header, for assertions.
 constexpr char source_path[] = __BASE_FILE__;
-/// The log layer is told this word with each entry of a source.
+/// A word that goes to the log layer with every entry of this source.
 constexpr uint64_t file_word = 0;
 
 /// Writes the line of a failed assertion and stops the process. The lock on stderr stays: nothing

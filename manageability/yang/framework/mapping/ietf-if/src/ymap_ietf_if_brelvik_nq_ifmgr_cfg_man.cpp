@@ -28,7 +28,7 @@ struct PacketFilterSites : FrameSites {
 /// Hands `node` to the map of the packet filter that its tag names; leaves what came of it in
 /// `status`. A tag of no packet filter is no failure and leaves the status alone.
 void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree,
-                            const Place& place, PacketFilterSites& sites, uint32_t& status)
+                            Place place, PacketFilterSites& sites, uint32_t& status)
 {
     const char* tag = node->tag;
     if (tag == nullptr) {

@@ -2,13 +2,12 @@
 // walkers and the leaf thunk, each told once. A _parser source writes a walker as one call of a
 // function of this header, whose further arguments are the rows of the node's child table:
 //
-//     YMAP_WALKER(lvla_interfaces_interfacestatistics)
+//     YMAP_WALKER(lvla_ports_port)
 //     {
-//         return walk_container<Operational>(
-//             ctx, node, tree, YMAP_CONTAINER(lvla_interfaces_interfacestatistics),
-//             YMAP_CHILD("full-interface-stats",
-//             lvla_interfaces_interfacestatistics_fullinterfacestats), YMAP_LEAF("stats-type",
-//             lvla_interfaces_interfacestatistics_statstype));
+//         return walk_list<Ports>(ctx, node, tree,
+//             YMAP_LIST(lvla_ports_port, "/ports/port"),
+//             YMAP_LEAF("name", lvla_ports_port_name),
+//             YMAP_CHILD("lane", lvla_ports_port_lane));
 //     }
 //
 // The table is a sequence of tests in the order of the schema, which the compiler turns into
@@ -418,8 +417,8 @@ template <class Schema, class Self, class... Rows>
     }
 
 /// The head of a walker that is local to its source; its declaration, at the top of the source.
-/// It stays a function of its own, so that traces and debuggers show the same functions and no
-/// walker has the stack frame of those below it.
+/// It stays a function of its own, so that debuggers and profiles show it, and no walker has the
+/// stack frame of those below it.
 #define YMAP_WALKER(STEM)                                                                          \
     [[gnu::noinline]] static uint32_t YMAP_PASTE(YMAP_MODEL, STEM)(                                \
         OzkMapCtx * ctx, const OzkMapNode* node, OzkDataTree* tree)
