@@ -91,6 +91,28 @@ const char* InputTree::intern(std::string_view text)
     return store_->intern(text).data();
 }
 
+DataNode plain_tree(const OzkMapNode& node)
+{
+    DataNode data;
+    if (node.tag != nullptr)
+        data.tag = node.tag;
+    if (node.ns_uri != nullptr)
+        data.ns_uri = node.ns_uri;
+    if (node.value != nullptr)
+        data.value = node.value;
+    if ((node.flags & MAP_NODE_HAS_POSITION) != 0)
+        data.position = node.position;
+    if (node.edit_is_own != 0)
+        data.edit = static_cast<Edit>(node.edit);
+    data.line = node.line;
+    if ((node.flags & MAP_NODE_HAS_SUBTREES) != 0 && node.subtrees != nullptr) {
+        data.children.reserve(node.subtree_count);
+        for (const OzkMapNode& child : std::span(node.subtrees, node.subtree_count))
+            data.children.push_back(plain_tree(child));
+    }
+    return data;
+}
+
 // ---------------------------------------------------------------------------------------------
 // Output trees
 

@@ -71,6 +71,10 @@ private:
     std::shared_ptr<Store> store_;
 };
 
+/// The plain tree of `node` and all below: what an InputTree was built from. Only an operation that
+/// stands on a node itself is its `edit`.
+DataNode plain_tree(const OzkMapNode& node);
+
 } // namespace ozk
 
 #endif

@@ -80,6 +80,13 @@ struct AddedPath {
 /// same name and namespace are one root. `line` and `edit` are those of the reference node.
 std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths);
 
+/// Whether `path` lies below the node of `above`.
+inline bool is_below(const AddedPath& path, const AddedPath& above)
+{
+    return path.ns_uri == above.ns_uri && path.path.size() > above.path.size() &&
+           path.path.starts_with(above.path) && path.path[above.path.size()] == '/';
+}
+
 class Run {
 public:
     /// A run for a request with the operation code `op_code`.

@@ -13,7 +13,9 @@ namespace ymap::host {
 /// Exit statuses of every verb.
 enum ExitStatus : int {
     exit_mapped     = 0, ///< all walks returned 0
-    exit_walk_error = 1, ///< a walk returned a status, or a call broke the framework's contract
+    /// A walk returned a status, a call broke the framework's contract, or the data refused an edit.
+    exit_walk_error = 1,
+    exit_differs    = 1, ///< a case came out otherwise than it was captured
     exit_bad_input  = 2, ///< the input or the command line is at fault; nothing was walked
 };
 
@@ -21,6 +23,10 @@ enum ExitStatus : int {
 using Command = std::function<int()>;
 
 void add_map_command(CLI::App& app, Command& chosen);
+void add_table_command(CLI::App& app, Command& chosen);
+void add_replay_command(CLI::App& app, Command& chosen);
+void add_read_command(CLI::App& app, Command& chosen);
+void add_edit_command(CLI::App& app, Command& chosen);
 
 } // namespace ymap::host
 

@@ -13,6 +13,7 @@
 #include <memory>
 #include <new>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include <fmt/core.h>
@@ -89,6 +90,9 @@ private:
     bool is_edit() const { return request_.op_code == MAP_OP_EDIT; }
     uint32_t line() const;
     uint32_t line_of_start_tag() const;
+    /// More of the document has come. False, with an error kept, if a tag goes on and on.
+    bool take_more(size_t bytes);
+    void keep_error(uint32_t line, std::string_view message);
     /// Keeps the first error and stops the parser.
     void fail(uint32_t line, std::string_view message);
     void fail(std::string_view message) { fail(line(), message); }
@@ -99,7 +103,8 @@ private:
     const ReadOptions& options_;
     Request            request_;
     std::string        error_;
-    xmlParserCtxtPtr   parser_ = nullptr;
+    xmlParserCtxtPtr   parser_           = nullptr;
+    size_t             read_since_event_ = 0; ///< bytes that the parser took in without an event
 
     std::vector<Place> places_ = {Place::document}; // of the elements that are open
     std::string        text_;                       // read since the last tag
@@ -129,15 +134,32 @@ uint32_t Reader::line_of_start_tag() const
     return result;
 }
 
+/// The parser compares each attribute of a tag with all others before it shows the tag, so that a
+/// tag of megabytes would take it hours. Text, on the other hand, comes in pieces.
+bool Reader::take_more(size_t bytes)
+{
+    constexpr size_t longest_tag = 1 << 16;
+    const bool       in_tag =
+        parser_->instate == XML_PARSER_CONTENT || parser_->instate == XML_PARSER_ATTRIBUTE_VALUE;
+    read_since_event_ = in_tag ? read_since_event_ + bytes : 0;
+    if (read_since_event_ <= longest_tag)
+        return true;
+    keep_error(line(), fmt::format("a tag is longer than {} bytes", longest_tag));
+    return false;
+}
+
+void Reader::keep_error(uint32_t line, std::string_view message)
+{
+    const std::string text = for_message(std::string(message));
+    error_ = line != 0 ? fmt::format("{}:{}: {}", request_.document, line, text)
+                       : fmt::format("{}: {}", request_.document, text);
+}
+
 void Reader::fail(uint32_t line, std::string_view message)
 {
     if (failed())
         return;
-    error_ = line != 0 ? fmt::format("{}:{}: {}", request_.document, line, message)
-                       : fmt::format("{}: {}", request_.document, message);
-    // One line, whatever a value quoted in it holds.
-    std::ranges::replace_if(
-        error_, [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    keep_error(line, message);
     xmlStopParser(parser_);
 }
 
@@ -205,6 +227,7 @@ Place Reader::place_in_document(std::string_view name, std::string_view ns_uri,
         request_.op_code = options_.op_code.value_or(MAP_OP_GET);
         return Place::data;
     }
+    request_.is_rpc = true;
     for (const Attribute& attribute : attributes)
         if (attribute.name == "message-id" && attribute.ns_uri.empty())
             request_.message_id = attribute.value;
@@ -378,7 +401,8 @@ xmlSAXHandler Reader::events()
     events.startElementNs = [](void* self, const xmlChar* name, const xmlChar*,
                                const xmlChar* ns_uri, int, const xmlChar**, int count, int,
                                const xmlChar** fields) {
-        auto& reader = *static_cast<Reader*>(self);
+        auto& reader             = *static_cast<Reader*>(self);
+        reader.read_since_event_ = 0;
         if (reader.failed())
             return;
         Attributes attributes;
@@ -390,17 +414,26 @@ xmlSAXHandler Reader::events()
         reader.start_element(view(name), view(ns_uri), attributes);
     };
     events.endElementNs = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
-        auto& reader = *static_cast<Reader*>(self);
+        auto& reader             = *static_cast<Reader*>(self);
+        reader.read_since_event_ = 0;
         if (!reader.failed())
             reader.end_element();
     };
-    // CDATA comes this way too, comments and processing instructions have no function.
+    // CDATA comes this way too.
     events.characters = [](void* self, const xmlChar* text, int length) {
-        auto& reader = *static_cast<Reader*>(self);
+        auto& reader             = *static_cast<Reader*>(self);
+        reader.read_since_event_ = 0;
         if (!reader.failed())
             reader.text({reinterpret_cast<const char*>(text), static_cast<size_t>(length)});
     };
     events.ignorableWhitespace = events.characters;
+    // Comments and processing instructions say nothing to us, but they are no tag that goes on.
+    events.comment = [](void* self, const xmlChar*) {
+        static_cast<Reader*>(self)->read_since_event_ = 0;
+    };
+    events.processingInstruction = [](void* self, const xmlChar*, const xmlChar*) {
+        static_cast<Reader*>(self)->read_since_event_ = 0;
+    };
     // Called before the first declaration is read: no entity is ever defined.
     events.internalSubset = [](void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
         static_cast<Reader*>(self)->fail("a DOCTYPE is not accepted");
@@ -418,10 +451,12 @@ xmlSAXHandler Reader::events()
 Request Reader::read(FILE* file)
 {
     int  read_error = 0;
-    auto source     = std::pair(file, &read_error);
+    auto source     = std::tuple(this, file, &read_error);
     auto read_more  = [](void* context, char* buffer, int size) {
-        auto& [from, error] = *static_cast<decltype(source)*>(context);
-        const size_t count  = fread(buffer, 1, static_cast<size_t>(size), from);
+        auto& [reader, from, error] = *static_cast<decltype(source)*>(context);
+        const size_t count          = fread(buffer, 1, static_cast<size_t>(size), from);
+        if (reader->parser_ != nullptr && !reader->take_more(count))
+            return -1; // the parser must not be stopped from here
         if (count == 0 && ferror(from) != 0)
             *error = errno;
         return static_cast<int>(count);
@@ -445,16 +480,50 @@ Request Reader::read(FILE* file)
     return std::move(request_);
 }
 
+using File = std::unique_ptr<FILE, int (*)(FILE*)>;
+
+File open_file(const std::string& path)
+{
+    if (path == "-")
+        return File(stdin, [](FILE*) { return 0; });
+    File file(std::fopen(path.c_str(), "rb"), std::fclose);
+    if (!file)
+        throw InputError(fmt::format("{}: cannot open: {}", path, std::strerror(errno)));
+    return file;
+}
+
 } // namespace
+
+std::string name_of_document(const std::string& path)
+{
+    return path == "-" ? "(standard input)" : path;
+}
 
 Request read_document(const std::string& path, const ReadOptions& options)
 {
-    if (path == "-")
-        return Reader("(standard input)", options).read(stdin);
-    const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+    const File file = open_file(path);
+    return Reader(name_of_document(path), options).read(file.get());
+}
+
+Request parse_document(const std::string& name, const std::string& text, const ReadOptions& options)
+{
+    const File file(fmemopen(const_cast<char*>(text.data()), text.size(), "rb"), std::fclose);
     if (!file)
-        throw InputError(fmt::format("{}: cannot open: {}", path, std::strerror(errno)));
-    return Reader(path, options).read(file.get());
+        throw std::bad_alloc();
+    return Reader(name, options).read(file.get());
+}
+
+std::string read_bytes(const std::string& path)
+{
+    const File  file = open_file(path);
+    std::string bytes;
+    char        buffer[1 << 16];
+    while (const size_t count = fread(buffer, 1, sizeof buffer, file.get()))
+        bytes.append(buffer, count);
+    if (ferror(file.get()) != 0)
+        throw InputError(fmt::format("{}: cannot read: {}", name_of_document(path),
+                                     std::strerror(errno)));
+    return bytes;
 }
 
 } // namespace ymap::host

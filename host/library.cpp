@@ -70,7 +70,7 @@ uint32_t on_sibling_call(const char* entry_point, OzkMapCtx*, const OzkMapNode* 
     return run != nullptr ? run->sibling_called(entry_point, node) : MAP_OK;
 }
 
-void load_siblings(const std::string& path)
+void load_siblings(const std::string& path, bool shows_calls)
 {
     // Global, and before the map library, which looks its siblings up in the process.
     void* handle = load(path, RTLD_NOW | RTLD_GLOBAL, "sibling library");
@@ -78,7 +78,8 @@ void load_siblings(const std::string& path)
     if (void* symbol = dlsym(handle, "ymap_siblings_set_listener"))
         reinterpret_cast<decltype(&ymap_siblings_set_listener)>(symbol)(on_sibling_call);
     if (void* symbol = dlsym(handle, "ymap_siblings_set_stream"))
-        reinterpret_cast<decltype(&ymap_siblings_set_stream)>(symbol)(stderr);
+        reinterpret_cast<decltype(&ymap_siblings_set_stream)>(symbol)(
+            shows_calls ? stderr : nullptr);
 }
 
 } // namespace
@@ -124,15 +125,21 @@ MapLibrary::MapLibrary(const LibraryOptions& options)
                 : beside_executable(YMAP_LIBRARY_BUILT, YMAP_LIBRARY_INSTALLED))
 {
     if (options.siblings.empty())
-        load_siblings(beside_executable(YMAP_SIBLINGS_BUILT, YMAP_SIBLINGS_INSTALLED));
+        load_siblings(beside_executable(YMAP_SIBLINGS_BUILT, YMAP_SIBLINGS_INSTALLED),
+                      options.shows_sibling_calls);
     else if (options.siblings != "none")
-        load_siblings(options.siblings);
+        load_siblings(options.siblings, options.shows_sibling_calls);
     handle_ = load(path_, RTLD_LAZY | RTLD_LOCAL, "map library");
+}
+
+void* MapLibrary::function(const std::string& name) const
+{
+    return dlsym(handle_, name.c_str());
 }
 
 OzkMapFunction* MapLibrary::root_walker(const ModelRoot& root) const
 {
-    return reinterpret_cast<OzkMapFunction*>(dlsym(handle_, root.symbol));
+    return reinterpret_cast<OzkMapFunction*>(function(root.symbol));
 }
 
 } // namespace ymap::host

@@ -34,6 +34,7 @@ std::string_view prefix_of(std::string_view ns_uri);
 struct LibraryOptions {
     std::string library;  ///< empty: the one that the command was built or installed with
     std::string siblings; ///< likewise; "none" for no sibling library
+    bool        shows_sibling_calls = true; ///< print calls of the stand-in on standard error
 };
 void add_library_options(CLI::App& verb, LibraryOptions& options);
 
@@ -42,9 +43,12 @@ void add_library_options(CLI::App& verb, LibraryOptions& options);
 class MapLibrary {
 public:
     /// Loads the siblings, then the map library. Calls of the stand-in siblings are recorded by the
-    /// run that is going on, answered as it says, and printed on standard error. Throws InputError.
+    /// run that is going on, answered as it says, and printed on standard error if the options ask
+    /// for it. Throws InputError.
     explicit MapLibrary(const LibraryOptions& options);
 
+    /// The exported function of that name, or null if the library has none.
+    void* function(const std::string& name) const;
     /// The walker of a root, or null if the library has none.
     OzkMapFunction* root_walker(const ModelRoot& root) const;
     const std::string& path() const { return path_; }

@@ -26,12 +26,16 @@ int main(int argc, char** argv)
 
     Command chosen;
     add_map_command(app, chosen);
+    add_table_command(app, chosen);
+    add_replay_command(app, chosen);
+    add_read_command(app, chosen);
+    add_edit_command(app, chosen);
 
     std::string footer;
     for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; }))
         footer += verb->get_footer() + "\n";
-    app.footer(footer + "\nExit status: 0 mapped, 1 a walk returned a status, 2 the input or the "
-                        "command line is at fault.");
+    app.footer(footer + "\nExit status: 0 mapped, 1 a walk returned a status, the data refused an "
+                        "edit or a case\ndiffers, 2 the input or the command line is at fault.");
 
     try {
         app.parse(argc, argv);

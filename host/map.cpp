@@ -1,16 +1,20 @@
 // `ymap map`: documents in, paths of the other model out.
 
 #include <cstdio>
-#include <map>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include <fmt/format.h>
 
+#include "capture.h"
 #include "commands.h"
+#include "diagnostics.h"
 #include "document.h"
+#include "input_error.h"
 #include "library.h"
 #include "output.h"
 #include "run.h"
@@ -24,43 +28,11 @@ struct MapOptions {
     std::vector<std::string> documents;
     std::string              op;
     std::string              format = "table";
-    std::string              log;
+    std::string              capture; ///< case file to write; empty: none
     uint32_t                 depth_limit = 64;
-    bool                     calls       = false;
-    bool                     trace       = false;
+    DiagnosticsOptions       diagnostics;
     LibraryOptions           library;
 };
-
-const std::map<std::string, uint32_t> op_codes = {
-    {"get", MAP_OP_GET}, {"get-config", MAP_OP_GET_CONFIG}, {"edit", MAP_OP_EDIT}};
-
-/// Reports on standard error what went wrong, a line each; tells whether anything did.
-bool report(const Mapping& mapping)
-{
-    const std::string& document = mapping.request.document;
-    bool               failed   = !mapping.run.faults().empty();
-    for (const Walk& walk : mapping.walks) {
-        if (walk.status == MAP_OK)
-            continue;
-        failed = true;
-        fmt::print(stderr, "{}{}: walk of /{} returned {}{}\n", document,
-                   walk.line != 0 ? fmt::format(":{}", walk.line) : "", walk.model_root->name,
-                   status_text(walk.status),
-                   walk.tag ? fmt::format(", offending tag '{}'", *walk.tag) : "");
-    }
-    for (const std::string& fault : mapping.run.faults())
-        fmt::print(stderr, "{}: broken contract: {}\n", document, fault);
-    return failed;
-}
-
-void print_trace(const ozk::Run& run)
-{
-    const std::vector<std::string> lines = run.trace_lines();
-    if (run.trace_index() > lines.size())
-        fmt::print(stderr, "({} earlier trace lines are lost)\n", run.trace_index() - lines.size());
-    for (const std::string& line : lines)
-        fmt::print(stderr, "{}\n", line);
-}
 
 void print(const std::string& text)
 {
@@ -71,18 +43,18 @@ void print_mapping(const Mapping& mapping, const MapOptions& options, bool is_fi
 {
     const bool has_heading = options.documents.size() > 1;
     if (options.format == "json") {
-        print((is_first ? "" : ",\n") + json_text(mapping, options.calls));
+        print((is_first ? "" : ",\n") + json_text(mapping, options.diagnostics.calls));
     } else if (options.format == "xml") {
-        if (options.calls)
-            fmt::print(stderr, "{}", calls_text(mapping));
+        if (options.diagnostics.calls)
+            fmt::print(stderr, "{}", calls_text(mapping.run));
         if (has_heading)
             print(fmt::format("{}<!-- {} -->\n", is_first ? "" : "\n", mapping.request.document));
         print(xml_text(mapping));
     } else {
         if (has_heading)
             print(fmt::format("{}{}:\n", is_first ? "" : "\n", mapping.request.document));
-        if (options.calls)
-            print(calls_text(mapping) + "\n");
+        if (options.diagnostics.calls)
+            print(calls_text(mapping.run) + "\n");
         print(table_text(mapping));
     }
 }
@@ -92,12 +64,31 @@ int map_documents(const MapOptions& options)
     ReadOptions read_options;
     read_options.depth_limit = options.depth_limit;
     if (!options.op.empty())
-        read_options.op_code = op_codes.at(options.op);
+        read_options.op_code = operation_codes.at(options.op);
+
+    Case captured;
+    captured.read_options = read_options;
+    captured.diagnostics  = options.diagnostics;
+    if (!options.capture.empty()) {
+        if (options.documents.size() != 1)
+            throw InputError("ymap: --capture takes one document");
+        if (!options.library.siblings.empty())
+            throw InputError("ymap: --capture sees the calls of the stand-in siblings only: it "
+                             "doesn't go with --siblings");
+        std::error_code error;
+        if (std::filesystem::equivalent(options.capture, options.documents[0], error))
+            throw InputError(fmt::format("{}: the case file is the document itself",
+                                         options.capture));
+        captured.document = read_bytes(options.documents[0]);
+    }
 
     // Nothing is walked or printed before all input is known to be sound.
     std::vector<Request> requests;
     for (const std::string& document : options.documents)
-        requests.push_back(read_document(document, read_options));
+        requests.push_back(options.capture.empty()
+                               ? read_document(document, read_options)
+                               : parse_document(name_of_document(document), captured.document,
+                                                read_options));
     const MapLibrary               library(options.library);
     std::vector<std::vector<Step>> plans;
     for (const Request& request : requests)
@@ -108,21 +99,23 @@ int map_documents(const MapOptions& options)
         print("[\n");
     for (size_t i = 0; i < requests.size(); ++i) {
         ozk::Run run(requests[i].op_code);
-        run.record_calls(options.calls);
-        run.set_trace(options.trace);
-        run.set_log_stream(stderr);
-        run.set_level(MAP_LOG_ERROR, !options.log.empty());
-        run.set_level(MAP_LOG_TRACE, options.log == "trace");
+        switch_on(run, options.diagnostics);
+        run.record_calls(options.diagnostics.calls || !options.capture.empty());
         const Mapping mapping{requests[i], run, walk_roots(run, plans[i])};
-        if (options.trace)
+        if (options.diagnostics.trace)
             print_trace(run);
         print_mapping(mapping, options, i == 0);
         std::fflush(stdout); // so that reports stand behind what they are about
-        if (report(mapping))
+        const bool failed = report_walks(requests[i].document, mapping.walks);
+        if (report_faults(requests[i].document, run) || failed)
             status = exit_walk_error;
+        if (!options.capture.empty())
+            captured.result = result_of(mapping);
     }
     if (options.format == "json")
         print("\n]\n");
+    if (!options.capture.empty())
+        write_bytes(options.capture, to_text(captured));
     return status;
 }
 
@@ -138,20 +131,21 @@ void add_map_command(CLI::App& app, Command& chosen)
         ->required()
         ->type_name("");
     verb->add_option("--op", options->op, "Operation on bare data trees")
-        ->check(CLI::IsMember(op_codes));
+        ->check(CLI::IsMember(operation_codes));
     verb->add_option("--format", options->format, "Form of the output")
         ->check(CLI::IsMember({"table", "xml", "json"}))
         ->capture_default_str();
-    verb->add_flag("--calls", options->calls,
-                   "Print every call of the framework, ahead of the paths (with xml: on standard "
-                   "error)");
-    verb->add_option("--log", options->log, "Print the log on standard error, up to this level")
-        ->check(CLI::IsMember({"error", "trace"}));
-    verb->add_flag("--trace", options->trace, "Print the trace buffer on standard error");
+    add_diagnostics_options(*verb, options->diagnostics,
+                            "Print every call of the framework, ahead of the paths (with xml: on "
+                            "standard error)");
     verb->add_option("--depth-limit", options->depth_limit,
                      "Levels that a document may be nested, those of NETCONF included")
         ->check(CLI::Range(uint32_t{1}, MAX_DEPTH_LIMIT))
         ->capture_default_str();
+    verb->add_option("--capture", options->capture,
+                     "Write the run to a case file, for ymap replay: document, switches, calls, "
+                     "paths and status")
+        ->type_name("FILE");
     add_library_options(*verb, options->library);
     verb->footer("Example: ymap map --calls examples/edit-create.xml");
     verb->callback([options, &chosen] { chosen = [options] { return map_documents(*options); }; });

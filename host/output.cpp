@@ -44,48 +44,9 @@ const char* reference_kind(const OzkMapNode& node)
     return is_delete ? "delete" : "edit";
 }
 
-/// `text` as a string of JSON (RFC 8259, 7), quotes included; also used where a value has to stay
-/// on one line.
-std::string json_string(std::string_view text)
-{
-    std::string out = "\"";
-    for (const char c : text) {
-        switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        default:
-            if (static_cast<unsigned char>(c) < 0x20)
-                fmt::format_to(std::back_inserter(out), "\\u{:04x}", static_cast<unsigned char>(c));
-            else
-                out += c;
-        }
-    }
-    return out += '"';
-}
-
 std::string json_or_null(std::optional<std::string_view> text)
 {
     return text ? json_string(*text) : "null";
-}
-
-/// `text` as XML content or as the value of an attribute in double quotes (XML 1.0, 2.4).
-std::string escaped(std::string_view text)
-{
-    std::string out;
-    for (const char c : text) {
-        switch (c) {
-        case '&': out += "&amp;"; break;
-        case '<': out += "&lt;"; break;
-        case '>': out += "&gt;"; break;
-        case '"': out += "&quot;"; break;
-        case '\r': out += "&#13;"; break; // a reader would make a line feed of it
-        default: out += c;
-        }
-    }
-    return out;
 }
 
 /// Columns that a text of UTF-8 takes on a terminal, if no character is a wide one.
@@ -107,28 +68,6 @@ const char* edit_name(ozk::Edit edit)
     case ozk::Edit::erase: return "delete";
     }
     return nullptr;
-}
-
-/// Appends `node` and all below it; `ns_uri` is the default namespace where it stands.
-void append_xml(std::string& out, const ozk::DataNode& node, std::string_view ns_uri, int indent)
-{
-    const std::string name = escaped(node.tag.value_or(""));
-    const std::string own  = node.ns_uri.value_or("");
-    fmt::format_to(std::back_inserter(out), "{:{}}<{}", "", indent, name);
-    if (own != ns_uri)
-        fmt::format_to(std::back_inserter(out), " xmlns=\"{}\"", escaped(own));
-    if (const char* edit = edit_name(node.edit))
-        fmt::format_to(std::back_inserter(out), " nc:operation=\"{}\"", edit);
-    if (!node.children.empty()) {
-        out += ">\n";
-        for (const ozk::DataNode& child : node.children)
-            append_xml(out, child, own, indent + 2);
-        fmt::format_to(std::back_inserter(out), "{:{}}</{}>\n", "", indent, name);
-    } else if (node.value) {
-        fmt::format_to(std::back_inserter(out), ">{}</{}>\n", escaped(*node.value), name);
-    } else {
-        out += "/>\n";
-    }
 }
 
 /// `items` with commas between them, each on a line of its own, as the body of a JSON array.
@@ -169,10 +108,67 @@ std::string status_text(uint32_t status)
     return name ? fmt::format("{} ({})", *name, code) : fmt::format("status {}", code);
 }
 
-std::string calls_text(const Mapping& mapping)
+std::string json_string(std::string_view text)
+{
+    std::string out = "\"";
+    for (const char c : text) {
+        switch (c) {
+        case '"': out += "\\\""; break;
+        case '\\': out += "\\\\"; break;
+        case '\n': out += "\\n"; break;
+        case '\r': out += "\\r"; break;
+        case '\t': out += "\\t"; break;
+        default:
+            if (static_cast<unsigned char>(c) < 0x20)
+                fmt::format_to(std::back_inserter(out), "\\u{:04x}", static_cast<unsigned char>(c));
+            else
+                out += c;
+        }
+    }
+    return out += '"';
+}
+
+std::string escaped(std::string_view text)
+{
+    std::string out;
+    for (const char c : text) {
+        switch (c) {
+        case '&': out += "&amp;"; break;
+        case '<': out += "&lt;"; break;
+        case '>': out += "&gt;"; break;
+        case '"': out += "&quot;"; break;
+        case '\r': out += "&#13;"; break; // a reader would make a line feed of it
+        default: out += c;
+        }
+    }
+    return out;
+}
+
+void append_xml(std::string& out, const ozk::DataNode& node, std::string_view ns_uri, int indent)
+{
+    const std::string name = escaped(node.tag.value_or(""));
+    const std::string own  = node.ns_uri.value_or("");
+    fmt::format_to(std::back_inserter(out), "{:{}}<{}", "", indent, name);
+    if (own != ns_uri)
+        fmt::format_to(std::back_inserter(out), " xmlns=\"{}\"", escaped(own));
+    if (const char* edit = edit_name(node.edit))
+        fmt::format_to(std::back_inserter(out), " nc:operation=\"{}\"", edit);
+    if (!node.children.empty()) {
+        out += ">\n";
+        for (const ozk::DataNode& child : node.children)
+            append_xml(out, child, own, indent + 2);
+        fmt::format_to(std::back_inserter(out), "{:{}}</{}>\n", "", indent, name);
+    } else if (node.value) {
+        fmt::format_to(std::back_inserter(out), ">{}</{}>\n", escaped(*node.value), name);
+    } else {
+        out += "/>\n";
+    }
+}
+
+std::string calls_text(const ozk::Run& run)
 {
     std::string out = "calls:\n";
-    for (const ozk::Call& call : mapping.run.calls())
+    for (const ozk::Call& call : run.calls())
         fmt::format_to(std::back_inserter(out), "  {}\n", to_text(call));
     return out;
 }

@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "document.h"
@@ -32,10 +33,20 @@ struct Mapping {
 /// A status by name and code, such as "MAP_ERR_BAD_KEY (0xaaf2e800)".
 std::string status_text(uint32_t status);
 
+/// The calls that the run has recorded, one a line.
+std::string calls_text(const ozk::Run& run);
+
+/// `text` as a string of JSON (RFC 8259, 7), quotes included; also used where a value has to stay
+/// on one line.
+std::string json_string(std::string_view text);
+/// `text` as XML content or as the value of an attribute in double quotes (XML 1.0, 2.4).
+std::string escaped(std::string_view text);
+/// Appends `node` and all below it as XML; `ns_uri` is the default namespace where it stands.
+/// Operations are written with the prefix "nc".
+void append_xml(std::string& out, const ozk::DataNode& node, std::string_view ns_uri, int indent);
+
 // Each returns the text of one mapping.
 
-/// The calls that the run has recorded, one a line.
-std::string calls_text(const Mapping& mapping);
 /// The added paths in aligned columns.
 std::string table_text(const Mapping& mapping);
 /// The output tree, below one element that makes a single document of it.

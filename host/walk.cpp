@@ -63,17 +63,24 @@ std::vector<Step> plan_walks(const Request& request, const MapLibrary& library)
     return steps;
 }
 
-std::vector<Walk> walk_roots(ozk::Run& run, const std::vector<Step>& steps)
+std::vector<Walk> walk_roots(ozk::Run& run, const std::vector<Step>& steps,
+                             const std::function<void(const ozk::Call&)>& observe)
 {
     std::vector<Walk> walks;
     for (const Step& step : steps) {
         Follower follower;
-        run.on_call([&](ozk::Run&, const ozk::Call& call) { follower(call); });
+        run.on_call([&](ozk::Run&, const ozk::Call& call) {
+            follower(call);
+            if (observe)
+                observe(call);
+        });
+        // A walk that went well may leave a tag behind, which says nothing of a later one.
+        const char* tag_before = run.offending_tag();
         Walk result{step.root->model_root, run.walk(step.walker, &step.root->tree.root()), {}, 0};
         run.on_call(nullptr);
         if (result.status != MAP_OK) {
             const OzkMapNode* node = run.offending_node();
-            if (run.offending_tag() != nullptr)
+            if (run.offending_tag() != tag_before)
                 result.tag = run.offending_tag();
             else if ((node = follower.last_compared()) != nullptr)
                 result.tag = node->tag;

@@ -4,6 +4,7 @@
 #ifndef YMAP_HOST_WALK_H
 #define YMAP_HOST_WALK_H
 
+#include <functional>
 #include <vector>
 
 #include "document.h"
@@ -24,8 +25,10 @@ struct Step {
 std::vector<Step> plan_walks(const Request& request, const MapLibrary& library);
 
 /// Walks the roots up to the first status other than 0: the rest of the request is then not mapped,
-/// as the siblings of a failed node are not. It takes the run's listener for itself.
-std::vector<Walk> walk_roots(ozk::Run& run, const std::vector<Step>& steps);
+/// as the siblings of a failed node are not. It takes the run's listener for itself; `observe` is
+/// told of each call in its place.
+std::vector<Walk> walk_roots(ozk::Run& run, const std::vector<Step>& steps,
+                             const std::function<void(const ozk::Call&)>& observe = nullptr);
 
 } // namespace ymap::host
 
