@@ -1,0 +1,269 @@
+#include "invariants.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+
+#include "siblings.h"
+
+extern "C" {
+OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
+OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate;
+OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations;
+OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration;
+OzkMapFunction ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces;
+}
+
+namespace test {
+namespace {
+
+using ozk::Call;
+using ozk::Op;
+
+constexpr uint32_t untouched_position = 0xfeedface;
+
+OzkMapFunction* walker_of(const schema::Node& root)
+{
+    static const std::map<std::string, OzkMapFunction*> walkers{
+#define WALKER(NAME) {#NAME, NAME}
+        WALKER(ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces),
+        WALKER(ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate),
+        WALKER(ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations),
+        WALKER(ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration),
+        WALKER(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces),
+#undef WALKER
+    };
+    return walkers.at(root.walker());
+}
+
+uint32_t ask_run(const char* entry_point, OzkMapCtx*, const OzkMapNode* node)
+{
+    return ozk::Run::current()->sibling_called(entry_point, node);
+}
+
+const void* image_of(const void* address)
+{
+    Dl_info info{};
+    return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
+/// Whether `address` lies within the map library: a constant, or a site word.
+bool is_of_library(const void* address)
+{
+    static std::map<const void*, bool> known;
+    static const void* const library = image_of(
+        reinterpret_cast<const void*>(ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces));
+    const auto [found, is_new] = known.try_emplace(address, false);
+    if (is_new)
+        found->second = image_of(address) == library;
+    return found->second;
+}
+
+bool same_text(const char* a, const char* b)
+{
+    return a == b || (a != nullptr && b != nullptr && std::strcmp(a, b) == 0);
+}
+
+/// A trace line without the number of the source line, which no rule gives.
+std::string without_source_line(const std::string& line)
+{
+    const size_t function = line.find(": ", line.find(": ") + 1) + 2;
+    const size_t colon = line.find(':', function);
+    const size_t blank = line.find(' ', colon);
+    if (colon == std::string::npos || blank == std::string::npos)
+        return line;
+    return line.substr(0, colon + 1) + line.substr(blank);
+}
+
+bool same_line(const Call& made, const Call& expected)
+{
+    if (made.op != Op::trace)
+        return made.line == expected.line;
+    const std::string line = without_source_line(made.line);
+    return made.line.size() == MAP_MAX_TRACE_LINE - 1 ? expected.line.starts_with(line)
+                                                      : line == expected.line;
+}
+
+bool same(const Call& made, const Call& expected)
+{
+    return made.op == expected.op && made.kind == expected.kind &&
+           made.result == expected.result && made.node == expected.node &&
+           same_text(made.text_1, expected.text_1) && same_text(made.text_2, expected.text_2) &&
+           (made.value == expected.value ||
+            (expected.value == model::active_value && same_text(made.value, expected.value))) &&
+           same_line(made, expected);
+}
+
+void turn(ozk::Run& run, const model::Switches& switches)
+{
+    run.set_level(MAP_LOG_ERROR, switches.error);
+    run.set_level(MAP_LOG_TRACE, switches.trace);
+    run.set_trace(switches.lines);
+}
+
+class Check {
+public:
+    Check(const CheckedCase& walked, model::Input input) : case_(walked), input_(std::move(input))
+    {
+    }
+
+    std::vector<std::string> go()
+    {
+        walk();
+        check_promises();
+        check_rules();
+        return std::move(wrong_);
+    }
+
+private:
+    void expect(bool holds, const std::string& otherwise)
+    {
+        if (!holds)
+            wrong_.push_back(otherwise);
+    }
+
+    void walk()
+    {
+        ymap_siblings_set_listener(ask_run);
+        run_.set_operation(input_.op_code);
+        run_.record_calls(true);
+        turn(run_, input_.switches);
+        for (const auto& [call, status] : input_.answers)
+            run_.answer(call.first, call.second, status);
+        size_t count = 0;
+        run_.on_call([&](ozk::Run& run, const Call&) {
+            if (const auto found = input_.turned.find(++count); found != input_.turned.end())
+                turn(run, found->second);
+        });
+        run_.ctx()->list_position = untouched_position;
+        OzkMapFunction* walker = walker_of(*input_.root);
+        if (input_.has_tree)
+            status_ = run_.walk(walker, input_.node);
+        else
+            run_.call([&] { status_ = walker(run_.ctx(), input_.node, nullptr); });
+        run_.on_call(nullptr);
+    }
+
+    // --- What holds for any walk, told without the model of it
+
+    void check_promises()
+    {
+        for (const std::string& fault : run_.faults())
+            wrong_.push_back("fault: " + fault);
+        int depth = 0;
+        for (const Call& call : run_.calls()) {
+            depth += call.op == Op::hierarchy_add;
+            depth -= call.op == Op::hierarchy_remove;
+            if (!check_pointers(call))
+                wrong_.push_back("a pointer from nowhere: " + to_text(call));
+        }
+        expect(depth == 0, "the hierarchy is not balanced");
+
+        const bool is_answer = std::ranges::any_of(
+            input_.answers, [&](const auto& answer) { return answer.second == status_; });
+        expect(model::is_status_of_library(status_) || is_answer, "a status from nowhere");
+        const char* tag = run_.offending_tag();
+        expect(tag == nullptr || case_.has_tag(tag), "an offending tag from nowhere");
+        const bool is_operational = input_.model->ns_uri == NS_NQ_PFI_IM_CMD_OPER;
+        expect(!is_operational || input_.op_code == MAP_OP_GET || run_.added().empty(),
+               "operational data on an operation that doesn't reach it");
+    }
+
+    bool check_pointers(const Call& call) const
+    {
+        const bool node_is_known = call.node == nullptr || case_.has_node(call.node);
+        const auto is_constant = [](const char* text) {
+            return text != nullptr && is_of_library(text);
+        };
+        switch (call.op) {
+        case Op::hierarchy_add:
+        case Op::hierarchy_remove:
+        case Op::is_request_add:
+        case Op::is_request_delete:
+        case Op::sibling:
+            return call.node != nullptr && node_is_known;
+        case Op::update_list:
+            return is_constant(call.text_1);
+        case Op::add_path:
+            return node_is_known && is_constant(call.text_1) && is_constant(call.text_2) &&
+                   (call.value == nullptr || case_.has_value(call.value) ||
+                    (is_constant(call.value) && same_text(call.value, model::active_value)));
+        case Op::log:
+            return is_constant(call.format) && is_of_library(call.site_word);
+        case Op::match:
+            return is_constant(call.text_1) || is_constant(call.text_2);
+        case Op::copy_text:
+            return is_constant(call.text_2);
+        case Op::should_log:
+        case Op::trace_index:
+        case Op::trace:
+            return true;
+        }
+        return false;
+    }
+
+    // --- What the rules give for this walk
+
+    void check_rules()
+    {
+        input_.ctx = run_.ctx();
+        const model::Outcome expected = model::walk(input_);
+        expect(status_ == expected.status, "status " + std::to_string(status_) + " instead of " +
+                                               std::to_string(expected.status));
+        const char* tag = run_.offending_tag();
+        expect(expected.offending_tag ? tag != nullptr && *expected.offending_tag == tag
+                                      : tag == nullptr,
+               std::string("offending tag ") + (tag != nullptr ? tag : "-"));
+        expect(run_.ctx()->list_position ==
+                   (expected.sets_list_position ? expected.list_position : untouched_position),
+               "list position " + std::to_string(run_.ctx()->list_position));
+
+        check_output(expected);
+        const auto made = run_.calls();
+        const auto [at, expected_at] = std::ranges::mismatch(made, expected.calls, same);
+        if (at == made.end() && expected_at == expected.calls.end())
+            return;
+        wrong_.push_back("call " + std::to_string(at - made.begin() + 1) + " is " +
+                         (at != made.end() ? to_text(*at) : "missing") + ", expected " +
+                         (expected_at != expected.calls.end() ? to_text(*expected_at) : "none"));
+    }
+
+    /// What has been added and not refused stays, and nothing else is there.
+    void check_output(const model::Outcome& expected)
+    {
+        size_t number = 0;
+        for (const Call& call : expected.calls) {
+            if (call.op != Op::add_path || call.result != MAP_OK)
+                continue;
+            if (number == run_.added().size())
+                break;
+            const ozk::AddedPath& added = run_.added()[number++];
+            expect(added.path == call.text_1 && added.ns_uri == call.text_2 &&
+                       added.ref_node == call.node && added.is_list == (call.kind != 0),
+                   "output holds " + std::string(added.path) + " instead of " + call.text_1);
+        }
+        const auto stays = std::ranges::count_if(expected.calls, [](const Call& call) {
+            return call.op == Op::add_path && call.result == MAP_OK;
+        });
+        expect(run_.added().size() == static_cast<size_t>(stays),
+               "output holds " + std::to_string(run_.added().size()) + " paths instead of " +
+                   std::to_string(stays));
+    }
+
+    const CheckedCase& case_;
+    model::Input input_;
+    ozk::Run run_{MAP_OP_GET};
+    uint32_t status_ = MAP_OK;
+    std::vector<std::string> wrong_;
+};
+
+} // namespace
+
+std::vector<std::string> violations(const CheckedCase& walked)
+{
+    return Check(walked, walked.input).go();
+}
+
+} // namespace test
