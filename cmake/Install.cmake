@@ -1,0 +1,61 @@
+# What `cmake --install` puts where, in three components: `library` for a process that loads the map
+# library, `development` for who builds against it or writes map libraries, `command` for ymap(1).
+
+include(CMakePackageConfigHelpers)
+
+# The stand-ins of the framework and of the siblings go to a folder of their own: the agent's real
+# ones have the same names and must never be shadowed.
+set(stand_in_libdir ${CMAKE_INSTALL_LIBDIR}/ymap)
+set(package_libdir ${CMAKE_INSTALL_LIBDIR}/cmake/ymap_ietf_if)
+set(sources ${PROJECT_SOURCE_DIR}/manageability/yang/framework/mapping/ietf-if/src)
+
+# --- Libraries and the command
+
+set_target_properties(ymap_headers PROPERTIES EXPORT_NAME headers)
+set_target_properties(ymap_ietf_if PROPERTIES EXPORT_NAME ietf_if)
+set_target_properties(ymap_siblings PROPERTIES EXPORT_NAME siblings)
+
+install(TARGETS ymap_headers ymap_ietf_if EXPORT ymap_ietf_if
+    LIBRARY COMPONENT library NAMELINK_COMPONENT development)
+install(TARGETS ozk_map ymap_siblings EXPORT ymap_ietf_if
+    LIBRARY DESTINATION ${stand_in_libdir} COMPONENT command NAMELINK_COMPONENT development)
+install(TARGETS ymap RUNTIME COMPONENT command)
+
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.bash RENAME ymap
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT command)
+
+# --- Development files
+
+install(FILES ${sources}/ymap.h ${sources}/ymap_handlers.h ${sources}/ymap_walkers.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ymap COMPONENT development)
+install(FILES
+    ${PROJECT_SOURCE_DIR}/framework/data_tree.h
+    ${PROJECT_SOURCE_DIR}/framework/run.h
+    ${PROJECT_SOURCE_DIR}/siblings/siblings.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ymap/stand_in COMPONENT development)
+
+install(EXPORT ymap_ietf_if NAMESPACE ymap:: FILE ymap_ietf_if-targets.cmake
+    DESTINATION ${package_libdir} COMPONENT development)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ymap_ietf_if-config.cmake.in
+    ${PROJECT_BINARY_DIR}/ymap_ietf_if-config.cmake
+    INSTALL_DESTINATION ${package_libdir}
+    NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/ymap_ietf_if-config-version.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES
+    ${PROJECT_BINARY_DIR}/ymap_ietf_if-config.cmake
+    ${PROJECT_BINARY_DIR}/ymap_ietf_if-config-version.cmake
+    DESTINATION ${package_libdir} COMPONENT development)
+
+# The .pc file finds its prefix from where it lies, so that an installed tree can be moved.
+file(RELATIVE_PATH prefix_from_pc
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" prefix_from_pc "${prefix_from_pc}")
+configure_file(${PROJECT_SOURCE_DIR}/cmake/ymap_ietf_if.pc.in
+    ${PROJECT_BINARY_DIR}/ymap_ietf_if.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/ymap_ietf_if.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs the build into a temporary prefix and uses it from there, as an integrator and as a user
+# of the command, before and after the tree is moved.
+# usage: install_test.sh BUILDFOLDER   with CXX and CXXFLAGS from the environment
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+build=$1
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+cmake --install "$build" --prefix "$work/first place" >/dev/null
+mv "$work/first place" "$work/prefix" # nothing may depend on the place of the installation
+prefix=$work/prefix
+
+"$here/consumer/check" "$prefix" "$work"
+
+echo "ymap: the installed command"
+examples=$prefix/share/doc/ymap/examples
+(cd "$examples" && env -u LD_LIBRARY_PATH "$prefix/bin/ymap" map edit-description.xml) \
+    >"$work/output.txt"
+# The golden file frames what is printed with the command line and the exit status.
+sed -n '/^--- standard output$/,/^--- standard error$/p' "$here/golden/edit-description.txt" |
+    sed '1d;$d' | diff - "$work/output.txt"
+
+echo "no file names the folder it was built in"
+! grep -rlF -e "$build" -e "${here%/tests}" "$prefix"
