@@ -93,7 +93,7 @@ public:
 private:
     [[noreturn]] void fail(size_t line, std::string_view message) const
     {
-        throw InputError(fmt::format("{}:{}: {}", name_, line, message));
+        throw InputError(for_message(fmt::format("{}:{}: {}", name_, line, message)));
     }
 
     void take(size_t number, const std::string& line)

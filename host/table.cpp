@@ -324,7 +324,8 @@ int print_table(const TableOptions& options)
         throw InputError(fmt::format("ymap: the map library {} has no root walker",
                                      library.path()));
     if (known == 0)
-        throw InputError(fmt::format("ymap: the map library has no node '{}'", options.path));
+        throw InputError(
+            for_message(fmt::format("ymap: the map library has no node '{}'", options.path)));
 
     if (options.format == "markdown")
         print_markdown(sections);
