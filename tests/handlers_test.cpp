@@ -22,7 +22,7 @@ struct HandlerCase {
 
 TEST(Handlers, AddsAndStatus)
 {
-    const HandlerCase cases[] = {
+    std::vector<HandlerCase> cases{
         {iq + "state_interface_physaddress", 1, 0, framework_failure, framework_failure, MAP_OK},
         {iq + "state_statistics_inoctets", 1, 0, framework_failure, framework_failure, MAP_OK},
         {iq + "state_interface_name", 2, 0, MAP_OK, framework_failure, MAP_OK},
@@ -32,6 +32,11 @@ TEST(Handlers, AddsAndStatus)
         {qi + "macaddress_address", 1, 1, framework_failure, framework_failure, MAP_OK},
         {qi + "fullinterfacestats_outputerrors", 0, 0, MAP_OK, MAP_OK, MAP_OK},
     };
+    for (const char* counter :
+         {"inbroadcastpkts", "inmulticastpkts", "indiscards", "inerrors", "inunknownprotos",
+          "outoctets", "outbroadcastpkts", "outmulticastpkts", "outerrors"})
+        cases.push_back({iq + "state_statistics_" + counter, 1, 0, framework_failure,
+                         framework_failure, MAP_OK});
     for (const HandlerCase& c : cases)
         for (const uint32_t op : {uint32_t{MAP_OP_GET_CONFIG}, uint32_t{MAP_OP_EDIT},
                                   uint32_t{MAP_OP_GET}, other_operation}) {
@@ -71,6 +76,29 @@ TEST(Handlers, UnmappedLeaves)
                 << leaf;
             EXPECT_TRUE(walk.run.added().empty());
         }
+}
+
+// The default hooks that a hook by hand has replaced: nothing calls them, but their names are there.
+TEST(Handlers, ReplacedDefaultHooks)
+{
+    const struct {
+        std::string function;
+        uint32_t status; ///< for a node that an edit adds
+    } cases[] = {
+        {"__ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces_interface_parse_augments",
+         MAP_ERR_ADD_REFUSED},
+        {"__ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_"
+         "parse_augments",
+         MAP_OK},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.function);
+        OzkMapFunction* hook = map_function(c.function);
+        Walk walk(ietf_configuration, MAP_OP_EDIT, {});
+        EXPECT_EQ(walk.run.walk(hook, &walk.input.root()), c.status);
+        EXPECT_EQ(walk.run.walk(hook, nullptr), MAP_ERR_INVALID_ARGS);
+        EXPECT_EQ(walk.script({"sibling"}), std::vector<std::string>{});
+    }
 }
 
 } // namespace
