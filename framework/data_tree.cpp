@@ -124,7 +124,9 @@ namespace {
 struct Open {
     std::string_view  tag;
     std::string_view  ns_uri;
-    size_t            index;
+    size_t            index;  ///< of the node among its siblings
+    size_t            node;   ///< number of the node
+    size_t            parent; ///< number of the node that it lies below: of an older one, it is stale
     std::vector<Open> below;
 };
 
@@ -134,11 +136,13 @@ std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths)
 {
     std::vector<DataNode> roots;
     std::vector<Open>     open_roots;
+    size_t                made_nodes = 0;
 
     for (const AddedPath& added : paths) {
         std::vector<DataNode>* siblings = &roots;
         std::vector<Open>*     open     = &open_roots;
         DataNode*              node     = nullptr;
+        size_t                 parent   = 0;
 
         std::string_view rest = added.path;
         while (true) {
@@ -151,19 +155,22 @@ std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths)
             auto entry = std::ranges::find_if(*open, [&](const Open& each) {
                 return each.tag == tag && each.ns_uri == added.ns_uri;
             });
-            const bool is_new = entry == open->end();
-            if (is_new)
-                entry = open->insert(entry, {tag, added.ns_uri, 0, {}});
-            if (is_new || (rest.empty() && added.is_list)) {
-                entry->index = siblings->size();
-                entry->below.clear();
+            const bool is_known = entry != open->end();
+            if (!is_known)
+                entry = open->insert(entry, {tag, added.ns_uri, 0, 0, 0, {}});
+            if (!is_known || entry->parent != parent || (rest.empty() && added.is_list)) {
+                entry->index   = siblings->size();
+                entry->node    = ++made_nodes;
+                entry->parent  = parent;
                 DataNode& made = siblings->emplace_back();
+                made.children.reserve(entry->below.size());
                 made.tag       = tag;
                 made.ns_uri    = added.ns_uri;
             }
             node     = &(*siblings)[entry->index];
             siblings = &node->children;
             open     = &entry->below;
+            parent   = entry->node;
         }
         if (node == nullptr)
             continue;

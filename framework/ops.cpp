@@ -135,6 +135,31 @@ char* copy_without_run(const char* text)
         perform<Op::should_log>(*state, [=](Call& call) { call.kind = level; }, is_on));
 }
 
+/// Apart, so that match() needs no stack frame: most comparisons end at the first character.
+[[gnu::noinline]] int match_all(const char* first, const char* second)
+{
+    return std::strcmp(first, second) == 0 ? 1 : 0;
+}
+
+int match(const char* first, const char* second)
+{
+    if (first == nullptr || second == nullptr || *first != *second)
+        return 0;
+    return match_all(first, second);
+}
+
+/// The comparison, where it has to be shown to somebody.
+[[gnu::cold, gnu::noinline]] int match_hooked(State& state, const char* first, const char* second)
+{
+    return static_cast<int>(perform<Op::match>(
+        state,
+        [=](Call& call) {
+            call.text_1 = first;
+            call.text_2 = second;
+        },
+        [=] { return static_cast<uint32_t>(match(first, second)); }));
+}
+
 std::string format_entry(const char* format, va_list arguments)
 {
     va_list again;
@@ -167,6 +192,8 @@ uint32_t ozk_map_add_to_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* node, u
         },
         [=] {
             state->hierarchy.push_back({node, kind});
+            state->reached  = {node, nullptr};
+            state->compared = nullptr;
             return uint32_t{MAP_OK};
         });
 }
@@ -191,6 +218,10 @@ uint32_t ozk_map_remove_from_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* no
                 return uint32_t{MAP_ERR_INVALID_ARGS};
             }
             state->hierarchy.pop_back();
+            if (state->compared != nullptr) {
+                state->reached  = {node, state->compared};
+                state->compared = nullptr;
+            }
             return uint32_t{MAP_OK};
         });
 }
@@ -212,20 +243,13 @@ uint32_t ozk_map_update_current_list_node(OzkMapCtx* ctx, const char* list_path)
 
 int ozk_map_do_these_match(const char* first, const char* second)
 {
-    const auto match = [=] {
-        return uint32_t{first != nullptr && second != nullptr && *first == *second &&
-                        std::strcmp(first, second) == 0};
-    };
     State* state = current_state;
-    if (state == nullptr || !state->hooked) [[likely]]
-        return static_cast<int>(match());
-    return static_cast<int>(perform<Op::match>(
-        *state,
-        [=](Call& call) {
-            call.text_1 = first;
-            call.text_2 = second;
-        },
-        match));
+    if (state != nullptr) [[likely]] {
+        state->compared = first;
+        if (state->hooked) [[unlikely]]
+            return match_hooked(*state, first, second);
+    }
+    return match(first, second);
 }
 
 int ozk_map_is_request_add(const OzkMapNode* node)

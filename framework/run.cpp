@@ -160,6 +160,8 @@ uint32_t Run::walk(OzkMapFunction* function, const OzkMapNode* node)
     const size_t       depth        = state_->hierarchy.size();
     const size_t       floor_before = std::exchange(state_->hierarchy_floor, depth);
     const char*        tag_before   = state_->request.offending_tag;
+    state_->reached                 = {};
+    state_->compared                = nullptr;
 
     const uint32_t status = function(&state_->ctx, node, &state_->tree);
 
@@ -248,6 +250,18 @@ const char* Run::offending_tag() const
 const OzkMapNode* Run::offending_node() const
 {
     return state_->offending_node;
+}
+
+const OzkMapNode* Run::reached_node() const
+{
+    const auto [node, child_tag] = state_->reached;
+    if (node == nullptr || child_tag == nullptr)
+        return node;
+    if ((node->flags & MAP_NODE_HAS_SUBTREES) == 0 || node->subtrees == nullptr)
+        return nullptr;
+    const std::span children(node->subtrees, node->subtree_count);
+    const auto      found = std::ranges::find(children, child_tag, &OzkMapNode::tag);
+    return found != children.end() ? &*found : nullptr;
 }
 
 std::vector<std::string> Run::trace_lines() const

@@ -135,6 +135,10 @@ public:
     /// The node whose tag was copied last, or null if the framework can't tell; for messages. It
     /// is searched for among the children of the node that was added to the hierarchy last.
     const OzkMapNode*          offending_node() const;
+    /// The node that the walk had come to, or null if it was none with a tag: the child whose tag
+    /// was compared last, the first of its siblings with that tag, or the node added to the
+    /// hierarchy last. A walk that fails ends there.
+    const OzkMapNode*          reached_node() const;
     std::vector<std::string>   trace_lines() const; ///< oldest first
     uint32_t                   trace_index() const; ///< running number of the last trace line
     /// Calls that broke the contract, a line each: a remove that isn't the last add's, a hierarchy

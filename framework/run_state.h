@@ -57,6 +57,15 @@ struct Run::State {
 
     /// Whether operations have to go the long way: a listener, a record or answers wait for them.
     bool hooked = false;
+    /// Text of the comparison made last, until an add or a remove makes it `reached`: comparisons
+    /// are too many to do more.
+    const char* compared = nullptr;
+    /// Where the walk has come to: `node`, or its child with `child_tag` if that isn't null.
+    struct Reached {
+        const OzkMapNode* node      = nullptr;
+        const char*       child_tag = nullptr;
+    };
+    Reached reached;
 
     std::vector<Walked> hierarchy;
     size_t              hierarchy_floor = 0; ///< nodes on it that the walk going on found there

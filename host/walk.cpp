@@ -2,51 +2,11 @@
 
 #include "walk.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include <fmt/format.h>
 
 #include "input_error.h"
 
 namespace ymap::host {
-
-namespace {
-
-/// Follows a walk from call to call, to tell afterwards which node ended it. The framework knows
-/// that only of statuses that come with a copy of the tag.
-class Follower {
-public:
-    void operator()(const ozk::Call& call)
-    {
-        if (call.op == ozk::Op::hierarchy_add)
-            open_.push_back(call.node);
-        else if (call.op == ozk::Op::hierarchy_remove && !open_.empty())
-            open_.pop_back();
-        else if (call.op == ozk::Op::match && !open_.empty())
-            parent_ = open_.back(), tag_ = call.text_1;
-    }
-
-    /// The node whose tag was compared last: the first child of that tag, since an earlier one
-    /// would have ended the walk in the same way. Null if it isn't there.
-    const OzkMapNode* last_compared() const
-    {
-        if (parent_ == nullptr || tag_ == nullptr || (parent_->flags & MAP_NODE_HAS_SUBTREES) == 0)
-            return nullptr;
-        const OzkMapNode* end   = parent_->subtrees + parent_->subtree_count;
-        const OzkMapNode* found = std::find_if(parent_->subtrees, end, [&](const OzkMapNode& node) {
-            return std::strcmp(node.tag, tag_) == 0;
-        });
-        return found != end ? found : nullptr;
-    }
-
-private:
-    std::vector<const OzkMapNode*> open_;
-    const OzkMapNode*              parent_ = nullptr;
-    const char*                    tag_    = nullptr;
-};
-
-} // namespace
 
 std::vector<Step> plan_walks(const Request& request, const MapLibrary& library)
 {
@@ -68,12 +28,8 @@ std::vector<Walk> walk_roots(ozk::Run& run, const std::vector<Step>& steps,
 {
     std::vector<Walk> walks;
     for (const Step& step : steps) {
-        Follower follower;
-        run.on_call([&](ozk::Run&, const ozk::Call& call) {
-            follower(call);
-            if (observe)
-                observe(call);
-        });
+        if (observe)
+            run.on_call([&](ozk::Run&, const ozk::Call& call) { observe(call); });
         // A walk that went well may leave a tag behind, which says nothing of a later one.
         const char* tag_before = run.offending_tag();
         Walk result{step.root->model_root, run.walk(step.walker, &step.root->tree.root()), {}, 0};
@@ -82,7 +38,7 @@ std::vector<Walk> walk_roots(ozk::Run& run, const std::vector<Step>& steps,
             const OzkMapNode* node = run.offending_node();
             if (run.offending_tag() != tag_before)
                 result.tag = run.offending_tag();
-            else if ((node = follower.last_compared()) != nullptr)
+            else if ((node = run.reached_node()) != nullptr)
                 result.tag = node->tag;
             result.line = node != nullptr ? node->line : 0;
         }
