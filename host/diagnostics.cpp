@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "input_error.h"

@@ -7,10 +7,12 @@
 #include <span>
 #include <string>
 
-#include <CLI/CLI.hpp>
-
 #include "output.h"
 #include "run.h"
+
+namespace CLI {
+class App;
+}
 
 namespace ymap::host {
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include <dlfcn.h>
+#include <CLI/CLI.hpp>
 #include <fmt/core.h>
 
 #include "input_error.h"

@@ -8,9 +8,11 @@
 #include <string>
 #include <string_view>
 
-#include <CLI/CLI.hpp>
-
 #include "ymap.h"
+
+namespace CLI {
+class App;
+}
 
 namespace ymap::host {
 

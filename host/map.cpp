@@ -8,6 +8,7 @@
 #include <system_error>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "capture.h"

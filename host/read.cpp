@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "commands.h"

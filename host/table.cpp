@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "commands.h"
