@@ -23,5 +23,8 @@ examples=$prefix/share/doc/ymap/examples
 sed -n '/^--- standard output$/,/^--- standard error$/p' "$here/golden/edit-description.txt" |
     sed '1d;$d' | diff - "$work/output.txt"
 
-echo "no file names the folder it was built in"
-! grep -rlF -e "$build" -e "${here%/tests}" "$prefix"
+# The undefined-behaviour sanitizer names the source of each of its checks.
+if [[ ${CXXFLAGS:-} != *-fsanitize=* ]]; then
+    echo "no file names the folder it was built in"
+    ! grep -rlF -e "$build" -e "${here%/tests}" "$prefix"
+fi
