@@ -56,6 +56,7 @@ struct Outcome {
 
 enum class NodeKind : uint8_t { container, list, leaf };
 
+/// What was found out of one schema node.
 struct ExploredNode {
     std::string path; ///< schema path
     std::string tag;

@@ -87,6 +87,7 @@ inline bool is_below(const AddedPath& path, const AddedPath& above)
            path.path.starts_with(above.path) && path.path[above.path.size()] == '/';
 }
 
+/// One mapping run. What it hands out, records and texts, lives as long as it does.
 class Run {
 public:
     /// A run for a request with the operation code `op_code`.
