@@ -8,15 +8,7 @@
 #include <cstdio>
 
 #include "data_tree.h"
-#include "ymap.h"
-
-extern "C" {
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate;
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations;
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration;
-OzkMapFunction ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces;
-}
+#include "ymap_ietf_if.h"
 
 namespace bench {
 

@@ -30,7 +30,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.bash RENAME ymap
 
 # --- Development files
 
-install(FILES ${sources}/ymap.h ${sources}/ymap_handlers.h ${sources}/ymap_walkers.h
+install(FILES
+    ${sources}/ymap.h ${sources}/ymap_ietf_if.h ${sources}/ymap_handlers.h ${sources}/ymap_walkers.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ymap COMPONENT development)
 install(FILES
     ${PROJECT_SOURCE_DIR}/framework/data_tree.h

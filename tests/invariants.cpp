@@ -5,16 +5,10 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <tuple>
 
 #include "siblings.h"
-
-extern "C" {
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate;
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations;
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration;
-OzkMapFunction ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces;
-}
+#include "ymap_ietf_if.h"
 
 namespace test {
 namespace {
@@ -124,6 +118,16 @@ private:
             wrong_.push_back(otherwise);
     }
 
+    /// What of context and request no walk may write, and no framework but for its switches.
+    auto fixed_fields()
+    {
+        const OzkMapCtx& ctx = *run_.ctx();
+        const OzkMapRequest* request = ctx.request;
+        return std::tuple(request, request->operation, request->operation->op_code,
+                          ctx._debug_ctx.run, ctx._debug_ctx.levels, ctx.error_log, ctx.trace_log,
+                          ctx.trace_buffer, ctx.trace_on);
+    }
+
     void walk()
     {
         ymap_siblings_set_listener(ask_run);
@@ -138,12 +142,16 @@ private:
                 turn(run, found->second);
         });
         run_.ctx()->list_position = untouched_position;
+        const auto before = fixed_fields();
         OzkMapFunction* walker = walker_of(*input_.root);
         if (input_.has_tree)
             status_ = run_.walk(walker, input_.node);
         else
             run_.call([&] { status_ = walker(run_.ctx(), input_.node, nullptr); });
         run_.on_call(nullptr);
+        if (!input_.turned.empty())
+            turn(run_, input_.switches);
+        expect(fixed_fields() == before, "a field of the context or the request has changed");
     }
 
     // --- What holds for any walk, told without the model of it

@@ -15,15 +15,7 @@
 
 #include "data_tree.h"
 #include "run.h"
-#include "ymap.h"
-
-extern "C" {
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate;
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations;
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration;
-OzkMapFunction ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces;
-}
+#include "ymap_ietf_if.h"
 
 namespace test {
 

@@ -1,8 +1,8 @@
 // An agent that is linked with the map library.
 
-#include "framework.h"
+#include <ymap_ietf_if.h>
 
-extern "C" OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
+#include "framework.h"
 
 int main()
 {

@@ -3,8 +3,7 @@
 #include <cstdio>
 
 #include <run.h>
-
-extern "C" OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
+#include <ymap_ietf_if.h>
 
 int main()
 {
