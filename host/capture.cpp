@@ -30,7 +30,7 @@ constexpr std::string_view no_newline = "\\ no newline at the end";
 std::string normalised(std::string text)
 {
     constexpr std::string_view address = "ctx=0x";
-    const size_t               begin   = text.find(address);
+    const size_t begin                 = text.find(address);
     if (begin == std::string::npos || begin < 2)
         return text;
     const size_t end = text.find_first_not_of("0123456789abcdef", begin + address.size());
@@ -45,12 +45,10 @@ std::string normalised(std::string text)
 std::string path_line(const ozk::AddedPath& added)
 {
     const OzkMapNode* ref = added.ref_node;
-    return fmt::format("{}:{}{}{}{}", prefix_of(added.ns_uri), added.path,
-                       added.value ? " = " + json_string(*added.value) : "",
-                       added.is_list ? ", list" : "",
-                       ref != nullptr ? fmt::format(", ref {}, line {}", json_string(ref->tag),
-                                                    ref->line)
-                                      : "");
+    return fmt::format(
+        "{}:{}{}{}{}", prefix_of(added.ns_uri), added.path,
+        added.value ? " = " + json_string(*added.value) : "", added.is_list ? ", list" : "",
+        ref != nullptr ? fmt::format(", ref {}, line {}", json_string(ref->tag), ref->line) : "");
 }
 
 void append_section(std::string& out, std::string_view name, const Lines& lines)
@@ -127,7 +125,7 @@ private:
     void set(size_t number, const std::string& key, const std::string& value)
     {
         ReadOptions& options = case_.read_options;
-        bool         is_good = false;
+        bool is_good         = false;
         if (key == "op") {
             is_good = operation_codes.contains(value);
             if (is_good)
@@ -138,8 +136,8 @@ private:
         } else if (key == "trace") {
             case_.diagnostics.trace = is_good = value == "on";
         } else if (key == "depth-limit") {
-            const char* end    = value.data() + value.size();
-            const auto  result = std::from_chars(value.data(), end, options.depth_limit);
+            const char* end   = value.data() + value.size();
+            const auto result = std::from_chars(value.data(), end, options.depth_limit);
             is_good = result.ec == std::errc() && result.ptr == end && options.depth_limit > 0 &&
                       options.depth_limit <= MAX_DEPTH_LIMIT;
         } else {
@@ -149,14 +147,14 @@ private:
             fail(number, fmt::format("'{}' is no value of '{}'", value, key));
     }
 
-    const std::string&            name_;
-    Case                          case_;
+    const std::string& name_;
+    Case case_;
     std::map<std::string, Lines*> sections_ = {{"document", nullptr}, // not kept as lines
                                                {"calls", &case_.result.calls},
                                                {"output", &case_.result.output},
                                                {"status", &case_.result.status}};
-    std::set<std::string>         seen_;
-    std::string                   section_; ///< that is being read
+    std::set<std::string> seen_;
+    std::string section_; ///< that is being read
 };
 
 } // namespace
@@ -173,11 +171,11 @@ CaseResult result_of(const Mapping& mapping)
     for (const ozk::AddedPath& added : mapping.run.added())
         result.output.push_back(path_line(added));
     for (const Walk& walk : mapping.walks)
-        result.status.push_back(fmt::format(
-            "{}:/{}: {}{}{}", prefix_of(walk.model_root->ns_uri), walk.model_root->name,
-            status_text(walk.status),
-            walk.tag ? fmt::format(", offending tag {}", json_string(*walk.tag)) : "",
-            walk.line != 0 ? fmt::format(", line {}", walk.line) : ""));
+        result.status.push_back(
+            fmt::format("{}:/{}: {}{}{}", prefix_of(walk.model_root->ns_uri), walk.model_root->name,
+                        status_text(walk.status),
+                        walk.tag ? fmt::format(", offending tag {}", json_string(*walk.tag)) : "",
+                        walk.line != 0 ? fmt::format(", line {}", walk.line) : ""));
     for (const std::string& fault : mapping.run.faults())
         result.status.push_back(fmt::format("broken contract: {}", json_string(fault)));
     return result;
@@ -185,7 +183,7 @@ CaseResult result_of(const Mapping& mapping)
 
 std::string to_text(const Case& captured)
 {
-    std::string out = fmt::format("{}\n# `ymap replay` runs it.\n", head);
+    std::string out            = fmt::format("{}\n# `ymap replay` runs it.\n", head);
     const ReadOptions& options = captured.read_options;
     for (const auto& [name, code] : operation_codes)
         if (options.op_code == code)
@@ -213,8 +211,8 @@ Case parse_case(const std::string& name, const std::string& text)
 void write_bytes(const std::string& path, const std::string& text)
 {
     std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path.c_str(), "wb"), std::fclose);
-    const bool is_written = file && std::fwrite(text.data(), 1, text.size(), file.get()) ==
-                                        text.size();
+    const bool is_written =
+        file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
     if (!is_written || std::fclose(file.release()) != 0)
         throw InputError(fmt::format("{}: cannot write: {}", path, std::strerror(errno)));
 }
@@ -226,10 +224,10 @@ void answer_as_recorded(ozk::Run& run, std::span<const std::string> calls)
         for (const ozk::Op op : {ozk::Op::sibling, ozk::Op::add_path, ozk::Op::update_list}) {
             if (!call.starts_with(fmt::format("{}(", name_of(op))))
                 continue;
-            const size_t   count  = ++counts[op];
-            const size_t   answer = call.rfind(") = ");
-            uint32_t       status = MAP_OK;
-            const char*    end    = call.data() + call.size();
+            const size_t count  = ++counts[op];
+            const size_t answer = call.rfind(") = ");
+            uint32_t status     = MAP_OK;
+            const char* end     = call.data() + call.size();
             if (answer != call.npos)
                 std::from_chars(call.data() + answer + 4, end, status);
             if (status != MAP_OK)

@@ -42,10 +42,10 @@ struct CaseResult {
 };
 
 struct Case {
-    ReadOptions        read_options;
+    ReadOptions read_options;
     DiagnosticsOptions diagnostics; ///< `calls` is without meaning
-    std::string        document;
-    CaseResult         result;
+    std::string document;
+    CaseResult result;
 };
 
 /// The result of a run that has recorded its calls.

@@ -14,8 +14,9 @@ namespace ymap::host {
 
 /// Exit statuses of every verb.
 enum ExitStatus : int {
-    exit_mapped     = 0, ///< all walks returned 0
-    /// A walk returned a status, a call broke the framework's contract, or the data refused an edit.
+    exit_mapped = 0, ///< all walks returned 0
+    /// A walk returned a status, a call broke the framework's contract, or the data refused an
+    /// edit.
     exit_walk_error = 1,
     exit_differs    = 1, ///< a case came out otherwise than it was captured
     exit_bad_input  = 2, ///< the input or the command line is at fault; nothing was walked

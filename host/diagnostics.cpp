@@ -57,7 +57,7 @@ bool report_walks(const std::string& document, std::span<const Walk> walks)
 bool report_faults(const std::string& document, const ozk::Run& run)
 {
     for (const std::string& fault : run.faults())
-        fmt::print(stderr, "{}: broken contract: {}\n", document, fault);
+        fmt::print(stderr, "{}: broken contract: {}\n", document, for_message(fault));
     return !run.faults().empty();
 }
 

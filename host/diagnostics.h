@@ -18,8 +18,8 @@ namespace ymap::host {
 
 struct DiagnosticsOptions {
     std::string log; ///< "error", "trace" or empty
-    bool        calls = false;
-    bool        trace = false;
+    bool calls = false;
+    bool trace = false;
 };
 
 /// `calls_help` says where the calls go, which is the verb's affair.

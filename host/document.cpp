@@ -46,7 +46,7 @@ std::string_view view(const xmlChar* text)
 std::string_view trim(std::string_view text)
 {
     constexpr char white[] = " \t\r\n";
-    const size_t   first   = text.find_first_not_of(white);
+    const size_t first     = text.find_first_not_of(white);
     if (first == std::string_view::npos)
         return {};
     return text.substr(first, text.find_last_not_of(white) - first + 1);
@@ -61,8 +61,7 @@ struct Attribute {
 
 class Reader {
 public:
-    Reader(std::string name, const ReadOptions& options)
-        : options_(options)
+    Reader(std::string name, const ReadOptions& options) : options_(options)
     {
         request_.document = std::move(name);
     }
@@ -80,12 +79,12 @@ private:
     Place place_in_document(std::string_view name, std::string_view ns_uri, const Attributes&);
     Place place_in_rpc(std::string_view name, std::string_view ns_uri);
     Place place_in_operation(std::string_view name, std::string_view ns_uri, const Attributes&);
-    void  check_filter(const Attributes&);
-    void  start_data(std::string_view name, std::string_view ns_uri, const Attributes&);
-    void  end_data();
-    void  read_data_attributes(const Attributes&, OzkMapNode& node);
-    void  end_operation();
-    void  end_default_operation();
+    void check_filter(const Attributes&);
+    void start_data(std::string_view name, std::string_view ns_uri, const Attributes&);
+    void end_data();
+    void read_data_attributes(const Attributes&, OzkMapNode& node);
+    void end_operation();
+    void end_default_operation();
 
     bool is_edit() const { return request_.op_code == MAP_OP_EDIT; }
     uint32_t line() const;
@@ -101,22 +100,22 @@ private:
     static xmlSAXHandler events();
 
     const ReadOptions& options_;
-    Request            request_;
-    std::string        error_;
-    xmlParserCtxtPtr   parser_           = nullptr;
-    size_t             read_since_event_ = 0; ///< bytes that the parser took in without an event
+    Request request_;
+    std::string error_;
+    xmlParserCtxtPtr parser_ = nullptr;
+    size_t read_since_event_ = 0; ///< bytes that the parser took in without an event
 
     std::vector<Place> places_ = {Place::document}; // of the elements that are open
-    std::string        text_;                       // read since the last tag
-    bool               has_operation_ = false;
-    bool               has_content_   = false;
-    std::string        operation_; // name of the element, for messages
-    ozk::Edit          default_operation_ = ozk::Edit::merge; // RFC 6241, 7.2
+    std::string text_;                              // read since the last tag
+    bool has_operation_ = false;
+    bool has_content_   = false;
+    std::string operation_;                          // name of the element, for messages
+    ozk::Edit default_operation_ = ozk::Edit::merge; // RFC 6241, 7.2
 
     // Nodes of the root being read, in document order. The children of an open node are all that
     // stand behind it; when it closes they move to an array of their own in the tree.
     std::vector<OzkMapNode> nodes_;
-    std::vector<size_t>     open_nodes_; // places in nodes_
+    std::vector<size_t> open_nodes_; // places in nodes_
 };
 
 uint32_t Reader::line() const
@@ -139,7 +138,7 @@ uint32_t Reader::line_of_start_tag() const
 bool Reader::take_more(size_t bytes)
 {
     constexpr size_t longest_tag = 1 << 16;
-    const bool       in_tag =
+    const bool in_tag =
         parser_->instate == XML_PARSER_CONTENT || parser_->instate == XML_PARSER_ATTRIBUTE_VALUE;
     read_since_event_ = in_tag ? read_since_event_ + bytes : 0;
     if (read_since_event_ <= longest_tag)
@@ -151,8 +150,8 @@ bool Reader::take_more(size_t bytes)
 void Reader::keep_error(uint32_t line, std::string_view message)
 {
     const std::string text = for_message(std::string(message));
-    error_ = line != 0 ? fmt::format("{}:{}: {}", request_.document, line, text)
-                       : fmt::format("{}: {}", request_.document, text);
+    error_                 = line != 0 ? fmt::format("{}:{}: {}", request_.document, line, text)
+                                       : fmt::format("{}: {}", request_.document, text);
 }
 
 void Reader::fail(uint32_t line, std::string_view message)
@@ -195,7 +194,7 @@ void Reader::start_element(std::string_view name, std::string_view ns_uri,
 void Reader::end_element()
 {
     const Place place = places_.back();
-    const bool  takes_text =
+    const bool takes_text =
         place == Place::data || place == Place::default_operation || place == Place::skipped;
     if (!takes_text && !trim(text_).empty())
         return fail("text is not expected here");
@@ -246,7 +245,8 @@ Place Reader::place_in_rpc(std::string_view name, std::string_view ns_uri)
         request_.op_code = MAP_OP_EDIT;
     else
         fail(fmt::format("operation '{}' is not supported: get, get-config or edit-config is "
-                         "expected", name));
+                         "expected",
+                         name));
     has_operation_ = true;
     operation_     = name;
     return Place::operation;
@@ -313,7 +313,7 @@ void Reader::end_operation()
         if (!root.is_clients)
             continue;
         RequestRoot& read = request_.roots.emplace_back(RequestRoot{&root, ozk::InputTree()});
-        OzkMapNode&  node = read.tree.root();
+        OzkMapNode& node  = read.tree.root();
         node.tag          = root.name;
         node.ns_uri       = root.ns_uri;
         node.line         = line();
@@ -333,7 +333,7 @@ void Reader::start_data(std::string_view name, std::string_view ns_uri,
         request_.roots.push_back({root, ozk::InputTree()});
     }
     ozk::InputTree& tree = request_.roots.back().tree;
-    OzkMapNode      node{};
+    OzkMapNode node{};
     node.tag    = tree.intern(name);
     node.ns_uri = ns_uri.empty() ? nullptr : tree.intern(ns_uri);
     node.line   = line_of_start_tag();
@@ -371,11 +371,11 @@ void Reader::read_data_attributes(const Attributes& attributes, OzkMapNode& node
 
 void Reader::end_data()
 {
-    ozk::InputTree&        tree  = request_.roots.back().tree;
-    const size_t           place = open_nodes_.back();
-    const size_t           count = nodes_.size() - place - 1;
+    ozk::InputTree& tree         = request_.roots.back().tree;
+    const size_t place           = open_nodes_.back();
+    const size_t count           = nodes_.size() - place - 1;
     const std::string_view value = trim(text_);
-    OzkMapNode&            node  = nodes_[place];
+    OzkMapNode& node             = nodes_[place];
     if (count > 0) {
         if (!value.empty())
             return fail(fmt::format("text stands beside the elements in '{}'", node.tag));
@@ -408,7 +408,8 @@ xmlSAXHandler Reader::events()
         Attributes attributes;
         for (int i = 0; i < count; ++i, fields += 5) { // name, prefix, URI, value and its end
             const char* value = reinterpret_cast<const char*>(fields[3]);
-            attributes.push_back({view(fields[0]), view(fields[2]),
+            attributes.push_back({view(fields[0]),
+                                  view(fields[2]),
                                   {value, static_cast<size_t>(fields[4] - fields[3])}});
         }
         reader.start_element(view(name), view(ns_uri), attributes);
@@ -450,9 +451,9 @@ xmlSAXHandler Reader::events()
 
 Request Reader::read(FILE* file)
 {
-    int  read_error = 0;
-    auto source     = std::tuple(this, file, &read_error);
-    auto read_more  = [](void* context, char* buffer, int size) {
+    int read_error = 0;
+    auto source    = std::tuple(this, file, &read_error);
+    auto read_more = [](void* context, char* buffer, int size) {
         auto& [reader, from, error] = *static_cast<decltype(source)*>(context);
         const size_t count          = fread(buffer, 1, static_cast<size_t>(size), from);
         if (reader->parser_ != nullptr && !reader->take_more(count))
@@ -462,8 +463,8 @@ Request Reader::read(FILE* file)
         return static_cast<int>(count);
     };
     xmlSAXHandler handler = events();
-    parser_ = xmlCreateIOParserCtxt(&handler, this, read_more, nullptr, &source,
-                                    XML_CHAR_ENCODING_NONE);
+    parser_ =
+        xmlCreateIOParserCtxt(&handler, this, read_more, nullptr, &source, XML_CHAR_ENCODING_NONE);
     if (parser_ == nullptr)
         throw std::bad_alloc();
     const std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)> owner(parser_,
@@ -471,8 +472,8 @@ Request Reader::read(FILE* file)
     xmlCtxtUseOptions(parser_, XML_PARSE_NONET);
     const int status = xmlParseDocument(parser_);
     if (read_error != 0)
-        throw InputError(fmt::format("{}: cannot read: {}", request_.document,
-                                     std::strerror(read_error)));
+        throw InputError(
+            fmt::format("{}: cannot read: {}", request_.document, std::strerror(read_error)));
     if (!failed() && status != 0)
         fail("malformed XML");
     if (failed())
@@ -515,14 +516,14 @@ Request parse_document(const std::string& name, const std::string& text, const R
 
 std::string read_bytes(const std::string& path)
 {
-    const File  file = open_file(path);
+    const File file = open_file(path);
     std::string bytes;
-    char        buffer[1 << 16];
+    char buffer[1 << 16];
     while (const size_t count = fread(buffer, 1, sizeof buffer, file.get()))
         bytes.append(buffer, count);
     if (ferror(file.get()) != 0)
-        throw InputError(fmt::format("{}: cannot read: {}", name_of_document(path),
-                                     std::strerror(errno)));
+        throw InputError(
+            fmt::format("{}: cannot read: {}", name_of_document(path), std::strerror(errno)));
     return bytes;
 }
 

@@ -21,24 +21,24 @@ inline constexpr char NS_NETCONF[] = "urn:ietf:params:xml:ns:netconf:base:1.0";
 /// One root of a request and its tree.
 struct RequestRoot {
     const ModelRoot* model_root;
-    ozk::InputTree   tree;
+    ozk::InputTree tree;
 };
 
 /// A request as read. Every root in it is one that model_roots() has.
 struct Request {
-    std::string                document; ///< name for messages
-    uint32_t                   op_code = MAP_OP_GET;
-    bool                       is_rpc = false; ///< an <rpc>, no bare data tree
+    std::string document; ///< name for messages
+    uint32_t op_code = MAP_OP_GET;
+    bool is_rpc      = false; ///< an <rpc>, no bare data tree
     std::optional<std::string> message_id;
     /// A read without a filter: it selects all there is (RFC 6241, 7.1 and 7.7), and `roots` holds
     /// an empty tree for each root of the clients' model.
-    bool                     reads_all = false;
+    bool reads_all = false;
     std::vector<RequestRoot> roots;
 };
 
 struct ReadOptions {
-    uint32_t                depth_limit = 64; ///< levels of elements, those of NETCONF included
-    std::optional<uint32_t> op_code;          ///< of bare data trees; nothing: they are refused
+    uint32_t depth_limit = 64;       ///< levels of elements, those of NETCONF included
+    std::optional<uint32_t> op_code; ///< of bare data trees; nothing: they are refused
 };
 /// The operations of a request by the names that the command line and case files give them.
 inline const std::map<std::string, uint32_t> operation_codes = {

@@ -22,11 +22,11 @@ namespace ymap::host {
 namespace {
 
 struct EditVerbOptions {
-    std::string        request;
-    std::string        data;
-    uint32_t           depth_limit = 64;
+    std::string request;
+    std::string data;
+    uint32_t depth_limit = 64;
     DiagnosticsOptions diagnostics;
-    LibraryOptions     library;
+    LibraryOptions library;
 };
 
 constexpr std::array<std::string_view, 2> interface_configuration_key = {"active",
@@ -43,7 +43,7 @@ void warn_of_root_operations(const Request& request)
 {
     for (const RequestRoot& root : request.roots) {
         const OzkMapNode& node = root.tree.root();
-        const auto        edit = static_cast<ozk::Edit>(node.edit);
+        const auto edit        = static_cast<ozk::Edit>(node.edit);
         if (edit == ozk::Edit::replace || edit == ozk::Edit::erase || edit == ozk::Edit::remove)
             fmt::print(stderr,
                        "{}:{}: the operation on /{} reaches the entries that the request names and "
@@ -56,8 +56,8 @@ int edit(const EditVerbOptions& options)
 {
     const Request request =
         read_client_request(options.request, options.depth_limit, true, MAP_OP_EDIT);
-    NativeDocument          document = read_native_document(options.data, options.depth_limit);
-    const MapLibrary        library(options.library);
+    NativeDocument document = read_native_document(options.data, options.depth_limit);
+    const MapLibrary library(options.library);
     const std::vector<Step> steps = plan_walks(request, library);
 
     ozk::Run run(request.op_code);
@@ -73,7 +73,7 @@ int edit(const EditVerbOptions& options)
 
     for (const ozk::AddedPath& added : run.added()) {
         const std::string_view path = added.path.substr(1);
-        const ModelRoot*       root = find_root(added.ns_uri, path.substr(0, path.find('/')));
+        const ModelRoot* root       = find_root(added.ns_uri, path.substr(0, path.find('/')));
         if (root != document.model_root)
             throw InputError(fmt::format("{}: the edit is of {} ({}), not of /{} ({})",
                                          document.name, added.path, prefix_of(added.ns_uri),
@@ -86,7 +86,8 @@ int edit(const EditVerbOptions& options)
         append_xml(text, ozk::apply_edit(std::move(document.root), run.added(), list_keys), "", 0);
     } catch (const ozk::EditError& error) {
         fmt::print(stderr, "{}{}: {}\n", request.document,
-                   error.line != 0 ? fmt::format(":{}", error.line) : "", error.what());
+                   error.line != 0 ? fmt::format(":{}", error.line) : "",
+                   for_message(error.what()));
         return exit_walk_error;
     }
     std::fwrite(text.data(), 1, text.size(), stdout);
@@ -97,9 +98,9 @@ int edit(const EditVerbOptions& options)
 
 void add_edit_command(CLI::App& app, Command& chosen)
 {
-    auto      options = std::make_shared<EditVerbOptions>();
-    CLI::App* verb    = app.add_subcommand("edit", "Carry out an edit on a native document and "
-                                                   "print it");
+    auto options   = std::make_shared<EditVerbOptions>();
+    CLI::App* verb = app.add_subcommand("edit", "Carry out an edit on a native document and "
+                                                "print it");
     verb->add_option("REQUEST", options->request,
                      "NETCONF <rpc> with <edit-config>, or a bare data tree; - is standard input. "
                      "Values go over unchanged: that of 'enabled' becomes that of 'shutdown', not "

@@ -1,4 +1,5 @@
-// The one error of the command that is not a bug: the input or the command line is at fault.
+// The one error of the command that is not a bug: the input or the command line is at fault. And
+// how messages show what an input holds.
 
 #ifndef YMAP_HOST_INPUT_ERROR_H
 #define YMAP_HOST_INPUT_ERROR_H
@@ -6,6 +7,7 @@
 #include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace ymap::host {
 
@@ -16,8 +18,30 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// `text` as part of a message: one line that a person can read and a terminal doesn't obey. What a
-/// document holds is cut where it is long, and its control characters become blanks.
+/// Bytes of the control character that stands at `at` in a text of UTF-8, or 0 if there is none.
+/// They are U+0000 to U+001F and U+007F to U+009F, the last of which some terminals obey as well.
+inline size_t control_size(std::string_view text, size_t at)
+{
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);
+    if (byte < 0x20 || byte == 0x7f)
+        return 1;
+    return byte == 0xc2 && next >= 0x80 && next < 0xa0 ? 2 : 0;
+}
+
+/// `text` as one line that a terminal doesn't obey: a control character becomes a blank.
+inline std::string without_controls(std::string_view text)
+{
+    std::string line;
+    for (size_t at = 0, size = 0; at < text.size(); at += std::max(size, size_t{1})) {
+        size = control_size(text, at);
+        line += size > 0 ? ' ' : text[at];
+    }
+    return line;
+}
+
+/// `text` as part of a message: without control characters, and cut where it is long, so that a
+/// person can read it whatever a document holds.
 inline std::string for_message(std::string text)
 {
     constexpr size_t longest = 400;
@@ -28,12 +52,7 @@ inline std::string for_message(std::string text)
         text.resize(end);
         text += "...";
     }
-    std::ranges::replace_if(
-        text, [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
-    for (size_t at = 0; (at = text.find('\xc2', at)) != std::string::npos; ++at)
-        if (at + 1 < text.size() && static_cast<unsigned char>(text[at + 1]) < 0xa0) // U+0080-9F
-            text.replace(at, 2, " ");
-    return text;
+    return without_controls(text);
 }
 
 } // namespace ymap::host

@@ -8,8 +8,8 @@
 #include <system_error>
 #include <utility>
 
-#include <dlfcn.h>
 #include <CLI/CLI.hpp>
+#include <dlfcn.h>
 #include <fmt/core.h>
 
 #include "input_error.h"
@@ -23,16 +23,15 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr ModelRoot roots[] = {
-    {NS_IETF_INTERFACES, "interfaces",
-     "ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces", true},
-    {NS_IETF_INTERFACES, "interfaces-state",
-     "ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate", true},
+    {NS_IETF_INTERFACES, "interfaces", "ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces", true},
+    {NS_IETF_INTERFACES, "interfaces-state", "ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate",
+     true},
     {NS_NQ_IFMGR_CFG, "global-interface-configuration",
      "ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration", false},
     {NS_NQ_IFMGR_CFG, "interface-configurations",
      "ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations", false},
-    {NS_NQ_PFI_IM_CMD_OPER, "interfaces",
-     "ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces", false},
+    {NS_NQ_PFI_IM_CMD_OPER, "interfaces", "ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces",
+     false},
 };
 
 constexpr std::pair<std::string_view, std::string_view> prefixes[] = {
@@ -47,8 +46,8 @@ constexpr std::pair<std::string_view, std::string_view> prefixes[] = {
 std::string beside_executable(const char* built, const char* installed)
 {
     std::error_code error;
-    const fs::path  folder = fs::read_symlink("/proc/self/exe", error).parent_path();
-    const fs::path  path   = (folder / built).lexically_normal();
+    const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
+    const fs::path path   = (folder / built).lexically_normal();
     return (fs::exists(path, error) ? path : (folder / installed).lexically_normal()).string();
 }
 
@@ -57,8 +56,8 @@ std::string beside_executable(const char* built, const char* installed)
 void* load(const std::string& path, int flags, const char* what)
 {
     std::error_code error;
-    const bool      is_here = path.find('/') == std::string::npos && fs::exists(path, error);
-    void*           handle  = dlopen(is_here ? ("./" + path).c_str() : path.c_str(), flags);
+    const bool is_here = path.find('/') == std::string::npos && fs::exists(path, error);
+    void* handle       = dlopen(is_here ? ("./" + path).c_str() : path.c_str(), flags);
     if (handle == nullptr)
         throw InputError(fmt::format("ymap: cannot load the {}: {}", what, dlerror()));
     return handle;
@@ -79,8 +78,8 @@ void load_siblings(const std::string& path, bool shows_calls)
     if (void* symbol = dlsym(handle, "ymap_siblings_set_listener"))
         reinterpret_cast<decltype(&ymap_siblings_set_listener)>(symbol)(on_sibling_call);
     if (void* symbol = dlsym(handle, "ymap_siblings_set_stream"))
-        reinterpret_cast<decltype(&ymap_siblings_set_stream)>(symbol)(
-            shows_calls ? stderr : nullptr);
+        reinterpret_cast<decltype(&ymap_siblings_set_stream)>(symbol)(shows_calls ? stderr
+                                                                                  : nullptr);
 }
 
 } // namespace

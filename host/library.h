@@ -21,7 +21,7 @@ struct ModelRoot {
     const char* ns_uri;
     const char* name;
     const char* symbol;
-    bool        is_clients; ///< belongs to the clients' model: read when a request has no filter
+    bool is_clients; ///< belongs to the clients' model: read when a request has no filter
 };
 
 std::span<const ModelRoot> model_roots();
@@ -36,7 +36,7 @@ std::string_view prefix_of(std::string_view ns_uri);
 struct LibraryOptions {
     std::string library;  ///< empty: the one that the command was built or installed with
     std::string siblings; ///< likewise; "none" for no sibling library
-    bool        shows_sibling_calls = true; ///< print calls of the stand-in on standard error
+    bool shows_sibling_calls = true; ///< print calls of the stand-in on standard error
 };
 void add_library_options(CLI::App& verb, LibraryOptions& options);
 
@@ -57,7 +57,7 @@ public:
 
 private:
     std::string path_;
-    void*       handle_;
+    void* handle_;
 };
 
 } // namespace ymap::host

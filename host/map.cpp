@@ -27,12 +27,12 @@ namespace {
 
 struct MapOptions {
     std::vector<std::string> documents;
-    std::string              op;
-    std::string              format = "table";
-    std::string              capture; ///< case file to write; empty: none
-    uint32_t                 depth_limit = 64;
-    DiagnosticsOptions       diagnostics;
-    LibraryOptions           library;
+    std::string op;
+    std::string format = "table";
+    std::string capture; ///< case file to write; empty: none
+    uint32_t depth_limit = 64;
+    DiagnosticsOptions diagnostics;
+    LibraryOptions library;
 };
 
 void print(const std::string& text)
@@ -78,20 +78,21 @@ int map_documents(const MapOptions& options)
                              "doesn't go with --siblings");
         std::error_code error;
         if (std::filesystem::equivalent(options.capture, options.documents[0], error))
-            throw InputError(fmt::format("{}: the case file is the document itself",
-                                         options.capture));
+            throw InputError(
+                fmt::format("{}: the case file is the document itself", options.capture));
         captured.document = read_bytes(options.documents[0]);
     }
 
     // Nothing is walked or printed before all input is known to be sound.
     std::vector<Request> requests;
     for (const std::string& document : options.documents)
-        requests.push_back(options.capture.empty()
-                               ? read_document(document, read_options)
-                               : parse_document(name_of_document(document), captured.document,
-                                                read_options));
-    const MapLibrary               library(options.library);
+        requests.push_back(
+            options.capture.empty()
+                ? read_document(document, read_options)
+                : parse_document(name_of_document(document), captured.document, read_options));
+    const MapLibrary library(options.library);
     std::vector<std::vector<Step>> plans;
+    plans.reserve(requests.size());
     for (const Request& request : requests)
         plans.push_back(plan_walks(request, library));
 
@@ -124,7 +125,7 @@ int map_documents(const MapOptions& options)
 
 void add_map_command(CLI::App& app, Command& chosen)
 {
-    auto      options = std::make_shared<MapOptions>();
+    auto options   = std::make_shared<MapOptions>();
     CLI::App* verb = app.add_subcommand("map", "Map documents and print the paths that come of it");
     verb->add_option("DOCUMENT", options->documents,
                      "NETCONF <rpc> with <get>, <get-config> or <edit-config>, or a bare data "

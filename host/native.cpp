@@ -13,8 +13,8 @@ NativeDocument read_native_document(const std::string& path, uint32_t depth_limi
     const Request document =
         read_document(path, {.depth_limit = depth_limit, .op_code = MAP_OP_GET});
     if (document.is_rpc)
-        throw InputError(fmt::format("{}: an rpc, where native data is expected",
-                                     document.document));
+        throw InputError(
+            fmt::format("{}: an rpc, where native data is expected", document.document));
     const RequestRoot& root = document.roots.front(); // a bare tree has the one
     if (root.model_root->is_clients)
         throw InputError(fmt::format("{}:{}: /{} is no native data, but of the clients' model",

@@ -15,9 +15,9 @@ namespace ymap::host {
 
 /// Data of a native model, one root with all below.
 struct NativeDocument {
-    std::string      name; ///< for messages
+    std::string name; ///< for messages
     const ModelRoot* model_root;
-    ozk::DataNode    root;
+    ozk::DataNode root;
 };
 
 /// Reads the file `path`, or standard input if it is "-": a bare data tree on a native model.

@@ -10,6 +10,8 @@
 
 #include <fmt/format.h>
 
+#include "input_error.h"
+
 namespace ymap::host {
 
 namespace {
@@ -92,37 +94,40 @@ std::string json_path(const ozk::AddedPath& added)
 std::string json_walk(const Walk& walk)
 {
     const auto name = status_name(walk.status);
-    return fmt::format(
-        R"({{"root": {}, "status": {}, "status_name": {}, "tag": {}, "line": {}}})",
-        json_string(fmt::format("/{}", walk.model_root->name)), walk.status, json_or_null(name),
-        json_or_null(walk.tag), walk.line != 0 ? fmt::to_string(walk.line) : "null");
+    return fmt::format(R"({{"root": {}, "status": {}, "status_name": {}, "tag": {}, "line": {}}})",
+                       json_string(fmt::format("/{}", walk.model_root->name)), walk.status,
+                       json_or_null(name), json_or_null(walk.tag),
+                       walk.line != 0 ? fmt::to_string(walk.line) : "null");
 }
 
 } // namespace
 
 std::string status_text(uint32_t status)
 {
-    const std::string code = status > 0xffff ? fmt::format("{:#x}", status)
-                                               : fmt::to_string(status);
-    const auto        name = status_name(status);
+    const std::string code =
+        status > 0xffff ? fmt::format("{:#x}", status) : fmt::to_string(status);
+    const auto name = status_name(status);
     return name ? fmt::format("{} ({})", *name, code) : fmt::format("status {}", code);
 }
 
 std::string json_string(std::string_view text)
 {
     std::string out = "\"";
-    for (const char c : text) {
-        switch (c) {
+    for (size_t i = 0; i < text.size(); ++i) {
+        switch (const char c = text[i]) {
         case '"': out += "\\\""; break;
         case '\\': out += "\\\\"; break;
         case '\n': out += "\\n"; break;
         case '\r': out += "\\r"; break;
         case '\t': out += "\\t"; break;
         default:
-            if (static_cast<unsigned char>(c) < 0x20)
-                fmt::format_to(std::back_inserter(out), "\\u{:04x}", static_cast<unsigned char>(c));
-            else
+            if (const size_t size = control_size(text, i); size > 0) {
+                i += size - 1; // its last byte is its code
+                fmt::format_to(std::back_inserter(out), "\\u{:04x}",
+                               static_cast<unsigned char>(text[i]));
+            } else {
                 out += c;
+            }
         }
     }
     return out += '"';
@@ -211,9 +216,9 @@ std::string xml_text(const Mapping& mapping)
 {
     // An edit becomes a configuration to send on, a read of the clients' model a filter, and what
     // was read from the native models data.
-    const auto& roots   = mapping.request.roots;
-    const bool  is_edit = mapping.request.op_code == MAP_OP_EDIT;
-    const bool  is_data = !roots.empty() && !roots.front().model_root->is_clients;
+    const auto& roots            = mapping.request.roots;
+    const bool is_edit           = mapping.request.op_code == MAP_OP_EDIT;
+    const bool is_data           = !roots.empty() && !roots.front().model_root->is_clients;
     const std::string_view name  = is_edit ? "config" : is_data ? "data" : "filter";
     const std::string_view extra = name == "filter" ? " type=\"subtree\"" : "";
 
@@ -229,7 +234,7 @@ std::string xml_text(const Mapping& mapping)
 
 std::string json_text(const Mapping& mapping, bool with_calls)
 {
-    const Request&           request = mapping.request;
+    const Request& request = mapping.request;
     std::vector<std::string> walks, paths, faults, calls;
     std::ranges::transform(mapping.walks, std::back_inserter(walks), json_walk);
     std::ranges::transform(mapping.run.added(), std::back_inserter(paths), json_path);

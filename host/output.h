@@ -17,16 +17,16 @@ namespace ymap::host {
 
 /// What came of the walk of one root.
 struct Walk {
-    const ModelRoot*           model_root;
-    uint32_t                   status;
-    std::optional<std::string> tag;      ///< of the node that ended the walk, if it is known
-    uint32_t                   line = 0; ///< of that node in the document; 0 if unknown
+    const ModelRoot* model_root;
+    uint32_t status;
+    std::optional<std::string> tag; ///< of the node that ended the walk, if it is known
+    uint32_t line = 0;              ///< of that node in the document; 0 if unknown
 };
 
 /// A request that was mapped, as far as it went.
 struct Mapping {
-    const Request&    request;
-    const ozk::Run&   run;
+    const Request& request;
+    const ozk::Run& run;
     std::vector<Walk> walks;
 };
 
@@ -36,8 +36,8 @@ std::string status_text(uint32_t status);
 /// The calls that the run has recorded, one a line.
 std::string calls_text(const ozk::Run& run);
 
-/// `text` as a string of JSON (RFC 8259, 7), quotes included; also used where a value has to stay
-/// on one line.
+/// `text` as a string of JSON (RFC 8259, 7), quotes included, with all control characters escaped;
+/// also used where a value has to stay on one line.
 std::string json_string(std::string_view text);
 /// `text` as XML content or as the value of an attribute in double quotes (XML 1.0, 2.4).
 std::string escaped(std::string_view text);

@@ -28,13 +28,13 @@ namespace ymap::host {
 namespace {
 
 struct ReadVerbOptions {
-    std::string              request;
+    std::string request;
     std::vector<std::string> data;
-    std::string              op          = "get";
-    std::string              format      = "xml";
-    uint32_t                 depth_limit = 64;
-    DiagnosticsOptions       diagnostics;
-    LibraryOptions           library;
+    std::string op       = "get";
+    std::string format   = "xml";
+    uint32_t depth_limit = 64;
+    DiagnosticsOptions diagnostics;
+    LibraryOptions library;
 };
 
 const std::map<std::string, uint32_t> op_codes = {{"get", MAP_OP_GET},
@@ -79,13 +79,13 @@ public:
             return;
         for (uint32_t i = 0; i < node.subtree_count; ++i) {
             const OzkMapNode& child = node.subtrees[i];
-            const Seen&       seen  = nodes_.at(child.tag);
+            const Seen& seen        = nodes_.at(child.tag);
             if (seen.is_handed_over)
                 continue;
-            const bool is_skipped = seen.is_unknown || (!seen.is_met && !ended_early);
-            const std::string name =
+            const bool is_skipped  = seen.is_unknown || (!seen.is_met && !ended_early);
+            const std::string name = for_message(
                 fmt::format("'{}' ({})", child.tag,
-                            child.ns_uri != nullptr ? prefix_of(child.ns_uri) : "no namespace");
+                            child.ns_uri != nullptr ? prefix_of(child.ns_uri) : "no namespace"));
             if (is_skipped)
                 skipped.emplace(child.line, name + " is not in the schema of the map, skipped");
             else if (seen.is_inner && child.value != nullptr)
@@ -98,10 +98,10 @@ public:
 private:
     struct Seen {
         const OzkMapNode* node;
-        bool              is_met         = false; ///< its tag was compared
-        bool              is_unknown     = false; ///< ... and no tag was the same
-        bool              is_handed_over = false; ///< a sibling library got it
-        bool              is_inner       = false; ///< it was walked as a container or an entry
+        bool is_met         = false; ///< its tag was compared
+        bool is_unknown     = false; ///< ... and no tag was the same
+        bool is_handed_over = false; ///< a sibling library got it
+        bool is_inner       = false; ///< it was walked as a container or an entry
     };
 
     void enter(ozk::InputTree& tree, OzkMapNode& node)
@@ -114,24 +114,24 @@ private:
     }
 
     std::unordered_map<const char*, Seen> nodes_; // by their tag's address
-    Seen*                                 last_ = nullptr;
+    Seen* last_ = nullptr;
 };
 
 /// A native document on its way through the map.
 struct Native {
-    NativeDocument  document;
+    NativeDocument document;
     OzkMapFunction* walker;
-    RequestRoot     picked  = {}; ///< recorded calls point into it
-    Skipped         skipped = {};
+    RequestRoot picked = {}; ///< recorded calls point into it
+    Skipped skipped    = {};
 };
 
 std::vector<Native> read_native_documents(const ReadVerbOptions& options, const MapLibrary& library)
 {
     std::vector<Native> natives;
     for (const std::string& path : options.data) {
-        NativeDocument   document = read_native_document(path, options.depth_limit);
-        const ModelRoot& root     = *document.model_root;
-        OzkMapFunction*  walker   = library.root_walker(root);
+        NativeDocument document = read_native_document(path, options.depth_limit);
+        const ModelRoot& root   = *document.model_root;
+        OzkMapFunction* walker  = library.root_walker(root);
         if (walker == nullptr)
             throw InputError(fmt::format("{}:{}: the map library {} has no walker {} for /{}",
                                          document.name, document.root.line, library.path(),
@@ -144,9 +144,9 @@ std::vector<Native> read_native_documents(const ReadVerbOptions& options, const 
 /// Walks `root`, which is of the document, and notes what the map passes over.
 std::vector<Walk> walk_native(ozk::Run& run, Native& native, RequestRoot& root)
 {
-    SkippedNodes            nodes(root.tree);
-    const std::vector<Walk> walks = walk_roots(
-        run, {{&root, native.walker}}, [&](const ozk::Call& call) { nodes.observe(call); });
+    SkippedNodes nodes(root.tree);
+    std::vector<Walk> walks = walk_roots(run, {{&root, native.walker}},
+                                         [&](const ozk::Call& call) { nodes.observe(call); });
     nodes.report(native.skipped, root.tree.root(), walks.back().status != MAP_OK);
     return walks;
 }
@@ -167,8 +167,7 @@ ozk::DataNode own_part(ozk::DataNode node)
 void check_fit(Native& native)
 {
     ozk::Run run(MAP_OP_GET); // the operation that reaches every node
-    RequestRoot root{native.document.model_root,
-                     ozk::InputTree(own_part(native.document.root))};
+    RequestRoot root{native.document.model_root, ozk::InputTree(own_part(native.document.root))};
     walk_native(run, native, root);
 }
 
@@ -190,11 +189,11 @@ void print_diagnostics(const DiagnosticsOptions& options, const ozk::Run& run)
 int read(const ReadVerbOptions& options)
 {
     // Nothing is walked or printed before all input is known to be sound.
-    const Request request = read_client_request(options.request, options.depth_limit, false,
-                                                op_codes.at(options.op));
-    const MapLibrary        library(options.library);
-    std::vector<Native>     natives = read_native_documents(options, library);
-    const std::vector<Step> steps   = plan_walks(request, library);
+    const Request request =
+        read_client_request(options.request, options.depth_limit, false, op_codes.at(options.op));
+    const MapLibrary library(options.library);
+    std::vector<Native> natives   = read_native_documents(options, library);
+    const std::vector<Step> steps = plan_walks(request, library);
 
     print_heading(options.diagnostics, "pass 1: the request becomes native paths");
     ozk::Run there(request.op_code);
@@ -206,10 +205,10 @@ int read(const ReadVerbOptions& options)
     ozk::Run back(request.op_code);
     switch_on(back, options.diagnostics);
     std::vector<std::pair<const Native*, std::vector<Walk>>> walks_back;
-    std::vector<std::string>                                 missing;
+    std::vector<std::string> missing;
     for (const ozk::DataNode& filter : ozk::filters_of(there.added())) {
-        const ModelRoot* root   = find_root(filter.ns_uri.value_or(""), filter.tag.value_or(""));
-        bool             is_met = false;
+        const ModelRoot* root = find_root(filter.ns_uri.value_or(""), filter.tag.value_or(""));
+        bool is_met           = false;
         for (Native& native : natives) {
             if (native.document.model_root != root)
                 continue;
@@ -232,8 +231,8 @@ int read(const ReadVerbOptions& options)
     for (const ozk::DataNode& root : ozk::build_data_tree(back.added()))
         if (auto selected = ozk::apply_filters(root, filters))
             data.push_back(std::move(*selected));
-    const std::string reply = options.format == "json" ? json_reply(data, back.added())
-                                                       : xml_reply(request, data);
+    const std::string reply =
+        options.format == "json" ? json_reply(data, back.added()) : xml_reply(request, data);
     std::fwrite(reply.data(), 1, reply.size(), stdout);
     std::fflush(stdout); // so that reports stand behind what they are about
 
@@ -255,9 +254,9 @@ int read(const ReadVerbOptions& options)
 
 void add_read_command(CLI::App& app, Command& chosen)
 {
-    auto      options = std::make_shared<ReadVerbOptions>();
-    CLI::App* verb    = app.add_subcommand("read", "Carry out a read on native data, both passes, "
-                                                   "and print the reply");
+    auto options   = std::make_shared<ReadVerbOptions>();
+    CLI::App* verb = app.add_subcommand("read", "Carry out a read on native data, both passes, "
+                                                "and print the reply");
     verb->add_option("REQUEST", options->request,
                      "NETCONF <rpc> with <get> or <get-config>, or a bare data tree as a filter; - "
                      "is standard input. State that is read by an interface's name comes without "
@@ -271,8 +270,9 @@ void add_read_command(CLI::App& app, Command& chosen)
     verb->add_option("--op", options->op, "Operation of a bare data tree")
         ->check(CLI::IsMember(op_codes))
         ->capture_default_str();
-    verb->add_option("--format", options->format, "Form of the reply: NETCONF's, or JSON as of "
-                                                  "RFC 7951")
+    verb->add_option("--format", options->format,
+                     "Form of the reply: NETCONF's, or JSON as of "
+                     "RFC 7951")
         ->check(CLI::IsMember({"xml", "json"}))
         ->capture_default_str();
     add_diagnostics_options(*verb, options->diagnostics,

@@ -13,6 +13,7 @@
 #include "capture.h"
 #include "commands.h"
 #include "document.h"
+#include "input_error.h"
 #include "library.h"
 #include "output.h"
 #include "run.h"
@@ -26,15 +27,15 @@ using Lines = std::vector<std::string>;
 
 struct ReplayOptions {
     std::vector<std::string> files;
-    LibraryOptions           library;
+    LibraryOptions library;
 };
 
 /// A case that is ready to run.
 struct Prepared {
     const std::string* file;
-    Case               captured;
-    Request            request;
-    std::vector<Step>  steps;
+    Case captured;
+    Request request;
+    std::vector<Step> steps;
 };
 
 // ---------------------------------------------------------------------------------------------
@@ -42,7 +43,7 @@ struct Prepared {
 
 /// A line with its mark: '-' expected but missing, '+' not expected, ' ' as expected.
 struct Marked {
-    char        mark;
+    char mark;
     std::string line;
 };
 
@@ -50,7 +51,7 @@ struct Marked {
 /// long, the one is given as a whole and then the other.
 std::vector<Marked> compare(std::span<const std::string> a, std::span<const std::string> b)
 {
-    constexpr size_t    limit = 25'000'000;
+    constexpr size_t limit = 25'000'000;
     std::vector<Marked> result;
     if (a.size() * b.size() > limit) {
         for (const std::string& line : a)
@@ -59,13 +60,13 @@ std::vector<Marked> compare(std::span<const std::string> a, std::span<const std:
             result.push_back({'+', line});
         return result;
     }
-    const size_t          width = b.size() + 1;
+    const size_t width = b.size() + 1;
     std::vector<uint32_t> common((a.size() + 1) * width); // of what lies behind i in a, j in b
     for (size_t i = a.size(); i-- > 0;)
         for (size_t j = b.size(); j-- > 0;)
-            common[i * width + j] = a[i] == b[j] ? common[(i + 1) * width + j + 1] + 1
-                                                 : std::max(common[(i + 1) * width + j],
-                                                            common[i * width + j + 1]);
+            common[i * width + j] =
+                a[i] == b[j] ? common[(i + 1) * width + j + 1] + 1
+                             : std::max(common[(i + 1) * width + j], common[i * width + j + 1]);
     size_t i = 0, j = 0;
     while (i < a.size() || j < b.size()) {
         if (i < a.size() && j < b.size() && a[i] == b[j])
@@ -88,24 +89,24 @@ std::string difference(const Lines& expected, const Lines& got)
     // Equal ends cost nothing.
     const auto [a, b] = std::ranges::mismatch(expected, got);
     const auto from   = static_cast<size_t>(a - expected.begin());
-    size_t     rest_a = expected.size(), rest_b = got.size();
+    size_t rest_a = expected.size(), rest_b = got.size();
     while (rest_a > from && rest_b > from && expected[rest_a - 1] == got[rest_b - 1])
         --rest_a, --rest_b;
     const size_t first = from - std::min(from, around);
     const size_t tail  = std::min(around, expected.size() - rest_a);
-    const auto   lines = compare(std::span(expected).subspan(first, rest_a + tail - first),
+    const auto lines   = compare(std::span(expected).subspan(first, rest_a + tail - first),
                                  std::span(got).subspan(first, rest_b + tail - first));
 
-    std::string text   = first > 0 ? "      ...\n" : "";
-    bool        is_cut = false;
+    std::string text = first > 0 ? "      ...\n" : "";
+    bool is_cut      = false;
     for (size_t i = 0; i < lines.size(); ++i) {
         const size_t begin = i - std::min(i, around);
         const size_t end   = std::min(lines.size(), i + around + 1);
-        const bool   shown = std::any_of(lines.begin() + static_cast<ptrdiff_t>(begin),
+        const bool shown   = std::any_of(lines.begin() + static_cast<ptrdiff_t>(begin),
                                          lines.begin() + static_cast<ptrdiff_t>(end),
                                          [](const Marked& line) { return line.mark != ' '; });
         if (shown)
-            text += fmt::format("    {} {}\n", lines[i].mark, lines[i].line);
+            text += fmt::format("    {} {}\n", lines[i].mark, without_controls(lines[i].line));
         else if (!is_cut)
             text += "      ...\n";
         is_cut = !shown;
@@ -133,11 +134,11 @@ int replay(const ReplayOptions& options)
     std::vector<Prepared> cases;
     for (const std::string& file : options.files) {
         const std::string name = name_of_document(file);
-        Prepared&         next = cases.emplace_back();
+        Prepared& next         = cases.emplace_back();
         next.file              = &file;
         next.captured          = parse_case(name, read_bytes(file));
-        next.request           = parse_document(name + ", document", next.captured.document,
-                                                next.captured.read_options);
+        next.request =
+            parse_document(name + ", document", next.captured.document, next.captured.read_options);
     }
     LibraryOptions library_options      = options.library;
     library_options.shows_sibling_calls = false;
@@ -148,12 +149,11 @@ int replay(const ReplayOptions& options)
     int status = exit_mapped;
     for (const Prepared& prepared : cases) {
         const CaseResult& expected = prepared.captured.result;
-        const CaseResult  got      = run_case(prepared);
-        std::string       text;
-        for (const auto& [section, a, b] :
-             {std::tuple{"calls", &expected.calls, &got.calls},
-              std::tuple{"output", &expected.output, &got.output},
-              std::tuple{"status", &expected.status, &got.status}})
+        const CaseResult got       = run_case(prepared);
+        std::string text;
+        for (const auto& [section, a, b] : {std::tuple{"calls", &expected.calls, &got.calls},
+                                            std::tuple{"output", &expected.output, &got.output},
+                                            std::tuple{"status", &expected.status, &got.status}})
             if (const std::string lines = difference(*a, *b); !lines.empty())
                 text += fmt::format("  {}:\n{}", section, lines);
         fmt::print("{}: {}\n{}", name_of_document(*prepared.file),
@@ -168,8 +168,8 @@ int replay(const ReplayOptions& options)
 
 void add_replay_command(CLI::App& app, Command& chosen)
 {
-    auto      options = std::make_shared<ReplayOptions>();
-    CLI::App* verb    = app.add_subcommand(
+    auto options   = std::make_shared<ReplayOptions>();
+    CLI::App* verb = app.add_subcommand(
         "replay", "Run cases that map --capture has written, and show what comes out otherwise");
     verb->add_option("FILE", options->files, "Case files; - is standard input")
         ->required()

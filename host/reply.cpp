@@ -26,14 +26,10 @@ enum class JsonKind : uint8_t { string, boolean, integer, container };
 JsonKind json_kind(const ozk::DataNode& node)
 {
     static constexpr std::pair<std::string_view, JsonKind> kinds[] = {
-        {"statistics", JsonKind::container},
-        {"enabled", JsonKind::boolean},
-        {"if-index", JsonKind::integer},
-        {"in-discards", JsonKind::integer},
-        {"in-errors", JsonKind::integer},
-        {"in-unknown-protos", JsonKind::integer},
-        {"out-discards", JsonKind::integer},
-        {"out-errors", JsonKind::integer},
+        {"statistics", JsonKind::container}, {"enabled", JsonKind::boolean},
+        {"if-index", JsonKind::integer},     {"in-discards", JsonKind::integer},
+        {"in-errors", JsonKind::integer},    {"in-unknown-protos", JsonKind::integer},
+        {"out-discards", JsonKind::integer}, {"out-errors", JsonKind::integer},
     };
     if (node.ns_uri != NS_IETF_INTERFACES)
         return JsonKind::string;
@@ -77,8 +73,8 @@ public:
 
         out += '{';
         for (const ozk::DataNode* first : firsts) {
-            const std::string own  = first->ns_uri.value_or("");
-            const std::string tag  = first->tag.value_or("");
+            const std::string own   = first->ns_uri.value_or("");
+            const std::string tag   = first->tag.value_or("");
             const std::string below = path + "/" + tag;
             const std::string name =
                 own == ns_uri ? tag : fmt::format("{}:{}", module_of(own), tag);
@@ -136,12 +132,12 @@ std::string xml_reply(const Request& request, std::span<const ozk::DataNode> dat
 {
     std::string out;
     std::string declaration = fmt::format(" xmlns=\"{}\"", NS_NETCONF);
-    int         indent      = 0;
+    int indent              = 0;
     if (request.is_rpc) {
         std::string id;
         if (request.message_id)
             id = fmt::format(" message-id=\"{}\"", escaped(*request.message_id));
-        out = fmt::format("<rpc-reply{}{}>\n", id, std::exchange(declaration, ""));
+        out    = fmt::format("<rpc-reply{}{}>\n", id, std::exchange(declaration, ""));
         indent = 2;
     }
     if (data.empty()) {

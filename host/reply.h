@@ -19,8 +19,7 @@ std::string xml_reply(const Request& request, std::span<const ozk::DataNode> dat
 /// `data` as one JSON object (RFC 7951). `added` are the paths that it was built of: they tell
 /// lists from containers. A value that isn't of its leaf's type is written as a string, and a leaf
 /// without one as [null].
-std::string json_reply(std::span<const ozk::DataNode> data,
-                       std::span<const ozk::AddedPath> added);
+std::string json_reply(std::span<const ozk::DataNode> data, std::span<const ozk::AddedPath> added);
 
 } // namespace ymap::host
 

@@ -25,20 +25,20 @@ namespace {
 
 /// Tags that the library compares nowhere, as RFC 7223, 5 spells them: its functions' names give
 /// them without hyphens. For display only.
-constexpr std::string_view spellings[] = {"admin-status", "oper-status",     "last-change",
-                                          "if-index",     "phys-address",    "higher-layer-if",
+constexpr std::string_view spellings[] = {"admin-status",  "oper-status",  "last-change",
+                                          "if-index",      "phys-address", "higher-layer-if",
                                           "lower-layer-if"};
 
 struct TableOptions {
-    std::string    path;
-    std::string    format = "text";
-    bool           mapped = false;
+    std::string path;
+    std::string format = "text";
+    bool mapped        = false;
     LibraryOptions library;
 };
 
 /// A root with its nodes, or those of them that were asked for.
 struct Section {
-    const ModelRoot*               root;
+    const ModelRoot* root;
     std::vector<ozk::ExploredNode> nodes;
 };
 
@@ -52,7 +52,7 @@ std::string names_of(const std::set<ozk::Query>& queries)
 {
     using enum ozk::Query;
     const bool is_read = queries.contains(get_config) && queries.contains(get);
-    Lines      names;
+    Lines names;
     if (is_read)
         names.push_back("read");
     else if (queries.contains(get_config) || queries.contains(get))
@@ -76,10 +76,10 @@ Lines by_query(const ozk::ExploredNode& node, Describe describe)
         const bool concerns = node.on(query == erase ? edit : query).is_reached;
         if (!concerns)
             continue;
-        Lines lines = describe(node.on(query));
-        auto  group = std::ranges::find(groups, lines, &decltype(groups)::value_type::first);
+        const Lines lines = describe(node.on(query));
+        auto group        = std::ranges::find(groups, lines, &decltype(groups)::value_type::first);
         if (group == groups.end())
-            group = groups.insert(group, {std::move(lines), {}});
+            group = groups.insert(group, {lines, {}});
         group->second.insert(query);
     }
     Lines all;
@@ -152,7 +152,7 @@ std::string written(const ozk::ExploredNode& node)
 {
     std::string text = node.handler_by_hand ? "by hand" : "generated";
     for (const std::string& function : node.called_by_hand)
-        text += function.ends_with("_handle_when")                        ? ", when hook"
+        text += function.ends_with("_handle_when")                 ? ", when hook"
                 : function.find("_man_leaf_") != std::string::npos ? ", manual leaf"
                                                                    : ", calls " + function;
     return text + (node.hook_by_hand ? ", augment hook by hand" : "");
@@ -170,7 +170,7 @@ bool is_mapped(const ozk::ExploredNode& node)
 constexpr size_t columns = 8;
 using Row                = std::array<Lines, columns>;
 
-const std::array<std::string, columns> titles = {"MODEL",  "NODE",    "KIND",   "GATE",
+const std::array<std::string, columns> titles = {"MODEL",  "NODE",    "KIND",    "GATE",
                                                  "STATUS", "WRITTEN", "MAPS TO", "HANDLER"};
 
 Row row_of(const ModelRoot& root, const ozk::ExploredNode& node)
@@ -275,8 +275,8 @@ void print_markdown(const std::vector<Section>& sections)
         print(fmt::format("\n## {}:/{}\n\nNamespace `{}`, root walker `{}`.\n\n"
                           "| Node | Kind | Gate | Maps to | Status | Written | Handler |\n"
                           "|---|---|---|---|---|---|---|\n",
-                          prefix_of(section.root->ns_uri), section.root->name,
-                          section.root->ns_uri, section.root->symbol));
+                          prefix_of(section.root->ns_uri), section.root->name, section.root->ns_uri,
+                          section.root->symbol));
         for (const ozk::ExploredNode& node : section.nodes)
             print(fmt::format("| `{}` | {} | {} | {} | {} | {} | `{}` |\n", node.path,
                               kind_text(node), gate(node), code(maps_to(node)),
@@ -291,27 +291,25 @@ bool is_below(std::string_view path, std::string_view prefix)
 {
     while (prefix.ends_with('/'))
         prefix.remove_suffix(1);
-    return path.starts_with(prefix) &&
-           (path.size() == prefix.size() || path[prefix.size()] == '/');
+    return path.starts_with(prefix) && (path.size() == prefix.size() || path[prefix.size()] == '/');
 }
 
 int print_table(const TableOptions& options)
 {
     LibraryOptions library_options      = options.library;
     library_options.shows_sibling_calls = false;
-    const MapLibrary     library(library_options);
+    const MapLibrary library(library_options);
     std::vector<Section> sections;
-    size_t               roots = 0, known = 0;
+    size_t roots = 0, known = 0;
     for (const ModelRoot& root : model_roots()) {
         OzkMapFunction* walker = library.root_walker(root);
         if (walker == nullptr)
             continue;
         ++roots;
-        Section section{&root, ozk::explore({root.ns_uri, root.name, walker},
-                                            [&](const std::string& name) {
-                                                return library.function(name);
-                                            },
-                                            spellings)};
+        Section section{&root, ozk::explore(
+                                   {root.ns_uri, root.name, walker},
+                                   [&](const std::string& name) { return library.function(name); },
+                                   spellings)};
         std::erase_if(section.nodes, [&](const ozk::ExploredNode& node) {
             return !is_below(node.path, options.path);
         });
@@ -322,8 +320,8 @@ int print_table(const TableOptions& options)
             sections.push_back(std::move(section));
     }
     if (roots == 0)
-        throw InputError(fmt::format("ymap: the map library {} has no root walker",
-                                     library.path()));
+        throw InputError(
+            fmt::format("ymap: the map library {} has no root walker", library.path()));
     if (known == 0)
         throw InputError(
             for_message(fmt::format("ymap: the map library has no node '{}'", options.path)));
@@ -341,7 +339,7 @@ int print_table(const TableOptions& options)
 
 void add_table_command(CLI::App& app, Command& chosen)
 {
-    auto      options = std::make_shared<TableOptions>();
+    auto options = std::make_shared<TableOptions>();
     CLI::App* verb =
         app.add_subcommand("table", "Print what the map library makes of each node of its schema");
     verb->add_option("PATH", options->path, "Only this node and those below it")->type_name("");

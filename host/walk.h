@@ -17,7 +17,7 @@ namespace ymap::host {
 /// A root of a request together with its walker.
 struct Step {
     const RequestRoot* root;
-    OzkMapFunction*    walker;
+    OzkMapFunction* walker;
 };
 
 /// The walks that `request` needs; the steps point into it. A root that the library lacks is an

@@ -49,6 +49,13 @@ OzkMapNode* GuardedNodes::make(uint32_t count)
     return nodes;
 }
 
+void GuardedNodes::seal() const
+{
+    for (size_t i = 0; i < arrays_.size(); ++i)
+        if (mprotect(guarded_pages() + i * 2 * page_size, page_size, PROT_READ) != 0)
+            abort();
+}
+
 /// Reads zeroes behind its end, which mean a plain case without children.
 class CheckedCase::Bytes {
 public:
@@ -114,6 +121,7 @@ CheckedCase::CheckedCase(std::span<const uint8_t> all)
     OzkMapNode* node = nodes_.make(1);
     bend(*node, nullptr, 0, bytes);
     input.node = missing == 254 ? nullptr : node;
+    nodes_.seal();
 }
 
 void CheckedCase::bend(OzkMapNode& node, const schema::Node* parent, unsigned depth, Bytes& bytes)
@@ -190,6 +198,7 @@ CheckedCase::CheckedCase(const schema::Model& model, const schema::Node& root, u
     OzkMapNode* node = nodes_.make(1);
     fill(*node, tree, op_code == MAP_OP_EDIT ? ozk::Edit::merge : ozk::Edit::none);
     input.node = node;
+    nodes_.seal();
 }
 
 void CheckedCase::fill(OzkMapNode& node, const ozk::DataNode& data, ozk::Edit inherited)

@@ -33,6 +33,8 @@ public:
 
     /// An array of `count` zeroed nodes, at most max_count; null if there is no more room.
     OzkMapNode* make(uint32_t count);
+    /// Lets a write to any of them fault from now on.
+    void seal() const;
     const std::vector<std::span<const OzkMapNode>>& arrays() const { return arrays_; }
 
 private:
@@ -45,10 +47,11 @@ inline const OzkMapNode* poison()
     return reinterpret_cast<const OzkMapNode*>(0xdead000000000000);
 }
 
-/// The input of a walk. Where a flag is clear, the fields that it stands for hold poison.
+/// The input of a walk, whose nodes can't be written. Where a flag is clear, the fields that it
+/// stands for hold poison.
 class CheckedCase {
 public:
-    explicit CheckedCase(std::span<const uint8_t> bytes);
+    explicit CheckedCase(std::span<const uint8_t> all);
     /// `tree` is the root's node; namespaces that it lacks are the model's. On an edit the default
     /// operation is merge.
     CheckedCase(const schema::Model& model, const schema::Node& root, uint32_t op_code,

@@ -14,7 +14,7 @@ namespace {
 using namespace ozk;
 using enum Edit;
 
-constexpr char ns[]       = "urn:native";
+constexpr char ns[]       = "urn:n";
 constexpr char ns_other[] = "urn:other";
 
 DataNode data(std::string tag, Edit edit = none, std::vector<DataNode> children = {})
@@ -303,8 +303,7 @@ TEST(Run, RecordsCallsInOrderWithResults)
                          "ozk_map_do_these_match(name, name) = 1",
                          "ozk_map_do_these_match(-, -) = 0",
                          "ozk_map_is_request_add(node) = 1",
-                         "ozk_map_datatree_add_path_flagged(/r/k, urn:native, a\\x0ab, node, 0)"
-                         " = 0",
+                         "ozk_map_datatree_add_path_flagged(/r/k, urn:n, a\\x0ab, node, 0) = 0",
                          "ozk_strdup(-, OZK MAP)",
                          "ozk_debug_should_log(error) = 0",
                          "ozk_map_remove_from_node_hierarchy(node)",

@@ -20,6 +20,8 @@
 
 #include <gtest/gtest.h>
 
+#include "shell.h"
+
 namespace {
 
 using Arguments = std::vector<std::string>;
@@ -342,6 +344,31 @@ TEST(Diagnostics, go_to_standard_error_and_change_no_output)
     EXPECT_EQ(count_lines(trace.err, "ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces:"), 2);
     EXPECT_EQ(count_lines(trace.err, "OZK: "), 0);
     EXPECT_TRUE(trace.err.ends_with(plain.err)) << trace.err;
+}
+
+TEST(Values, show_no_control_character)
+{
+    const std::string document = "<interfaces" + ietf + "><interface><name>a&#x7f;&#x9b;31m"
+                                 "\xc2\x80\xc2\xa0\xc3\x9b</name></interface></interfaces>";
+    for (const std::string format : {"table", "json"}) {
+        const Outcome outcome =
+            run_ymap({"map", "--op", "edit", "--format", format, "-"}, document);
+        EXPECT_EQ(count_lines(outcome.out, "\"a\\u007f\\u009b31m\\u0080\xc2\xa0\xc3\x9b\""), 1)
+            << outcome.out;
+    }
+}
+
+TEST(Output, that_cannot_be_written_is_one_line_and_status_2)
+{
+    const std::string native = "--data '" YMAP_EXAMPLES "/native-configuration.xml'";
+    for (const std::string& arguments :
+         {std::string("map '" YMAP_EXAMPLES "/edit-create.xml'"), std::string("table"),
+          "read '" YMAP_EXAMPLES "/read-one.xml' " + native,
+          "edit '" YMAP_EXAMPLES "/edit-description.xml' " + native}) {
+        const test::Printed printed = test::run_ymap(arguments + " 2>&1 >/dev/full");
+        EXPECT_EQ(printed.status, 2) << arguments;
+        EXPECT_EQ(printed.text, "ymap: cannot write the output: No space left on device\n");
+    }
 }
 
 TEST(Read, without_a_filter_asks_for_every_root_of_the_model)

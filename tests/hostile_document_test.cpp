@@ -59,10 +59,17 @@ struct Outcome {
     long kilobytes = 0;
 };
 
-/// Maps `document` as an edit; processor time beyond a minute ends the command.
-Outcome map(const Folder& folder, const std::string& document)
+/// Runs the command on `document`, whose file is the last of the arguments; processor time beyond a
+/// minute ends it.
+Outcome run(const Folder& folder, std::vector<std::string> arguments, const std::string& document)
 {
     const std::string in = folder.file("in.xml");
+    std::vector<char*> argv;
+    arguments.insert(arguments.begin(), "ymap");
+    arguments.push_back(in);
+    for (std::string& argument : arguments)
+        argv.push_back(argument.data());
+    argv.push_back(nullptr);
     const std::string out = folder.file("out"), err = folder.file("err");
     std::ofstream(in, std::ios::binary) << document;
 
@@ -75,7 +82,7 @@ Outcome map(const Folder& folder, const std::string& document)
             if (file < 0 || dup2(file, descriptor) < 0)
                 _exit(126);
         }
-        execl(YMAP_BINARY, "ymap", "map", "--op", "edit", in.c_str(), nullptr);
+        execv(YMAP_BINARY, argv.data());
         _exit(127);
     }
     int status = 0;
@@ -91,6 +98,12 @@ Outcome map(const Folder& folder, const std::string& document)
     outcome.seconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     outcome.kilobytes = usage.ru_maxrss;
     return outcome;
+}
+
+/// Maps `document` as an edit.
+Outcome map(const Folder& folder, const std::string& document)
+{
+    return run(folder, {"map", "--op", "edit"}, document);
 }
 
 /// One line behind the name of the file, short enough to be read, without control characters.
@@ -259,6 +272,41 @@ TEST(HostileDocument, EndsSoonWithOneLine)
             EXPECT_EQ(outcome.out_size, 0U);
         }
         expect_little(outcome, row.exit_status == 2 ? refused_kilobytes : kilobytes_for(document));
+    }
+}
+
+// The other verbs read documents the same way: as native data, or within a case.
+TEST(HostileDocument, EndsSoonWhereverItStands)
+{
+    const Folder folder;
+    const std::string request = folder.file("request.xml");
+    std::ofstream(request) << "<rpc xmlns='urn:ietf:params:xml:ns:netconf:base:1.0'><get/></rpc>";
+    const std::string edit = folder.file("edit.xml");
+    std::ofstream(edit) << root("");
+    const auto in_case = [](const std::string& document) {
+        return "ymap case 1\nop: edit\ndocument:\n  " + document + "\ncalls:\noutput:\nstatus:\n";
+    };
+    const std::string deep = root(repeat(100'000, "<a>") + repeat(100'000, "</a>"));
+    const struct {
+        const char* name;
+        std::vector<std::string> arguments;
+        std::string document;
+        const char* message;
+    } rows[] = {
+        {"native data with entities", {"read", request, "--data"}, entity_bomb(), "a DOCTYPE is"},
+        {"deep data to edit", {"edit", edit, "--data"}, deep, "nested deeper than 64 levels"},
+        {"a case with entities", {"replay"}, in_case(entity_bomb()), "a DOCTYPE is"},
+        {"a deep case", {"replay"}, in_case(deep), "nested deeper than 64 levels"},
+        {"a case with a long line", {"replay"}, in_case("x\n" + repeat(10'000'000, "\xc2\x9b")),
+         "neither a setting nor a section: '   "},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const Outcome outcome = run(folder, row.arguments, row.document);
+        EXPECT_EQ(outcome.exit_status, 2);
+        EXPECT_EQ(outcome.out_size, 0U);
+        expect_one_line(outcome, row.message);
+        expect_little(outcome, refused_kilobytes);
     }
 }
 

@@ -16,7 +16,7 @@ namespace test {
 ///     handed on is one of the input's or of the library's constants; a value is the very pointer
 ///     of a node's, or "act"; the offending tag is a copy of a tag of the tree, or untouched; the
 ///     status is one of the library's or of the framework's answers; operational data is added on
-///     MAP_OP_GET only;
+///     MAP_OP_GET only; of context and request nothing but that tag and the position changes;
 ///   - the calls, the status, the tag or the position are not those that the rules give.
 std::vector<std::string> violations(const CheckedCase& walked);
 

@@ -19,7 +19,8 @@ constexpr char root_walker[] = "ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces";
 
 class Library {
 public:
-    explicit Library(const char* file) : handle_(dlopen(file, RTLD_LAZY | RTLD_LOCAL))
+    explicit Library(const char* file, int binding = RTLD_LAZY)
+        : handle_(dlopen(file, binding | RTLD_LOCAL))
     {
         EXPECT_NE(handle_, nullptr) << dlerror();
     }
@@ -73,6 +74,26 @@ TEST(Loading, WorksWithoutTheSiblings)
     EXPECT_EQ(walk(library, MAP_OP_EDIT, request(), status),
               Paths{"/interface-configurations/interface-configuration"});
     EXPECT_EQ(status, MAP_NOT_MAPPED);
+}
+
+// An agent that binds all at once has to bring the siblings, and is told which one it lacks.
+TEST(Loading, AtOnceNeedsTheSiblings)
+{
+    ASSERT_EQ(dlopen(YMAP_LIBRARY, RTLD_NOW | RTLD_LOCAL), nullptr);
+    const std::string message = dlerror();
+    EXPECT_NE(message.find("undefined symbol: ymap_"), message.npos) << message;
+    EXPECT_NE(message.find("_augment_lvl"), message.npos) << message;
+
+    void* siblings = dlopen(YMAP_SIBLINGS, RTLD_NOW | RTLD_GLOBAL);
+    ASSERT_NE(siblings, nullptr) << dlerror();
+    {
+        const Library library(YMAP_LIBRARY, RTLD_NOW);
+        uint32_t status = MAP_NOT_MAPPED;
+        EXPECT_FALSE(
+            walk(library, MAP_OP_GET, node("interfaces", NS_IETF_INTERFACES), status).empty());
+        EXPECT_EQ(status, MAP_OK);
+    }
+    dlclose(siblings);
 }
 
 #ifndef YMAP_SANITIZED // the sanitizers' runtimes look at the dying process their own way

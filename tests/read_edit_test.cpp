@@ -291,7 +291,7 @@ TEST_F(OnNativeData, WhatDoesNotFitIsMappedAsFarAsItFitsAndListed)
               "<interface-configuration><active>act</active><interface-name>a</interface-name>\n"
               "<mtu>1500</mtu>\n"
               "<pf:ipv4-packet-filter><pf:inbound/></pf:ipv4-packet-filter>\n"
-              "<pf:other><pf:inbound/></pf:other>\n"
+              "<pf:other><pf:inbound/></pf:other><" + std::string(500, 'x') + "/>\n"
               "<dampening>on<!-- no value here --></dampening>\n"
               "<description><line/></description>\n"
               "<shutdown>true</shutdown></interface-configuration>\n"
@@ -317,6 +317,8 @@ TEST_F(OnNativeData, WhatDoesNotFitIsMappedAsFarAsItFitsAndListed)
                   "skipped\n"
                   "configuration.xml:5: 'other' (nq-ip-pfilter-cfg) is not in the schema of the "
                   "map, skipped\n"
+                  "configuration.xml:5: '" + std::string(399, 'x') + "... is not in the schema "
+                  "of the map, skipped\n"
                   "configuration.xml:6: 'dampening' (nq-ifmgr-cfg) takes no value, its value is "
                   "skipped\n"
                   "configuration.xml:7: 'line' (nq-ifmgr-cfg) is not in the schema of the map, "
@@ -456,6 +458,8 @@ TEST_F(OnNativeData, EditsDoWhatTheirOperationsSay)
         {"delete a leaf that is missing", edit(one("b", "<description nc:operation='delete'/>")),
          "request.xml:3: data-missing: there is no /interface-configurations/"
          "interface-configuration/description to delete\n"},
+        {"delete what has control characters", edit(one("c&#10;&#x9b;", "", "delete")),
+         "request.xml:3: data-missing: there is no " + there + "c  ']\n"},
         {"none wants the entry", edit(one("c", ""), "none"),
          "request.xml:3: data-missing: there is no " + there + "c']\n"},
         {"none but for a leaf",

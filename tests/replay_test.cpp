@@ -140,6 +140,8 @@ TEST_F(Replay, ShowsWhatIsDifferent)
         {"a status", "MAP_OK (0)", "MAP_NOT_MAPPED (51)", "",
          "  status:\n    - if:/interfaces: MAP_NOT_MAPPED (51)\n"
          "    + if:/interfaces: MAP_OK (0)\n"},
+        {"control characters", "MAP_OK (0)", "\x1b[31m\xc2\x9b!", "",
+         "  status:\n    - if:/interfaces:  [31m !\n"},
         {"another library", "ymap case", "ymap case", "--library '" YMAP_REPLACED_LIBRARY "' ",
          "    - nq-ifmgr-cfg:/interface-configurations/interface-configuration, list\n"
          "    + nq-ifmgr-cfg:/container\n    + nq-ifmgr-cfg:/list\n"},

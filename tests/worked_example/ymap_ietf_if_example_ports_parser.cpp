@@ -8,9 +8,9 @@ namespace {
 
 /// Configuration data, which every operation reaches.
 struct Ports {
-    static constexpr const char* ns_uri    = "urn:example:ports";
-    static constexpr Direction   direction = Direction::to_ietf;
-    static constexpr bool        gated     = false;
+    static constexpr const char* ns_uri  = "urn:example:ports";
+    static constexpr Direction direction = Direction::to_ietf;
+    static constexpr bool gated          = false;
 };
 
 } // namespace
