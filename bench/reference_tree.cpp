@@ -119,17 +119,10 @@ void write_escaped(FILE* file, const char* text)
 {
     for (; *text != '\0'; ++text) {
         switch (*text) {
-        case '&':
-            fputs("&amp;", file);
-            break;
-        case '<':
-            fputs("&lt;", file);
-            break;
-        case '>':
-            fputs("&gt;", file);
-            break;
-        default:
-            fputc(*text, file);
+        case '&': fputs("&amp;", file); break;
+        case '<': fputs("&lt;", file); break;
+        case '>': fputs("&gt;", file); break;
+        default: fputc(*text, file);
         }
     }
 }

@@ -7,6 +7,7 @@
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
@@ -24,8 +25,6 @@
 #include "hand_written_walk.h"
 #include "reference_tree.h"
 #include "run.h"
-
-extern char** environ;
 
 namespace {
 
@@ -192,6 +191,7 @@ void mapping_step(benchmark::State& state, const Inputs& inputs, Map map)
 void whole_way(benchmark::State& state, const std::vector<const char*>& command)
 {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const char* each : command)
         arguments.push_back(const_cast<char*>(each));
     arguments.push_back(nullptr);
@@ -238,7 +238,7 @@ int main(int argc, char** argv)
     step("mapping_step/by_hand", map_by_hand);
     step("mapping_step/libxslt", map_by_stylesheet);
 
-    const auto way = [](const char* name, std::vector<const char*> command) {
+    const auto way = [](const char* name, const std::vector<const char*>& command) {
         benchmark::RegisterBenchmark(
             name, [command](benchmark::State& state) { whole_way(state, command); })
             ->Unit(benchmark::kMillisecond)

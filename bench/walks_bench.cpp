@@ -154,9 +154,10 @@ void log_points(benchmark::State& state, Logs logs)
     static ymap::SiteWord site_word;
     ozk::Run run(MAP_OP_GET);
     set_logs(run, logs);
+    const ymap::Place place{__func__, __LINE__};
     run.call([&] {
         for (auto _ : state)
-            ymap::log_point(run.ctx(), text, {__func__, __LINE__}, site_word);
+            ymap::log_point(run.ctx(), text, place, site_word);
     });
 }
 

@@ -68,7 +68,7 @@ OzkMapNode* InputTree::make_children(OzkMapNode& node, uint32_t count)
         store_ = std::make_shared<Store>();
     std::pmr::polymorphic_allocator<OzkMapNode> allocator(&store_->arena());
     OzkMapNode* children = count != 0 ? allocator.allocate(count) : nullptr;
-    OzkMapNode  fresh{};
+    OzkMapNode fresh{};
     fresh.edit = node.edit;
     std::uninitialized_fill_n(children, count, fresh);
     node.subtrees      = children;
@@ -122,11 +122,11 @@ namespace {
 /// siblings, and the same for what lies below it. There are as many as the schema has tags on one
 /// level, however many entries its lists have.
 struct Open {
-    std::string_view  tag;
-    std::string_view  ns_uri;
-    size_t            index;  ///< of the node among its siblings
-    size_t            node;   ///< number of the node
-    size_t            parent; ///< number of the node that it lies below: of an older one, it is stale
+    std::string_view tag;
+    std::string_view ns_uri;
+    size_t index;  ///< of the node among its siblings
+    size_t node;   ///< number of the node
+    size_t parent; ///< number of the node that it lies below: of an older one, it is stale
     std::vector<Open> below;
 };
 
@@ -135,14 +135,14 @@ struct Open {
 std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths)
 {
     std::vector<DataNode> roots;
-    std::vector<Open>     open_roots;
-    size_t                made_nodes = 0;
+    std::vector<Open> open_roots;
+    size_t made_nodes = 0;
 
     for (const AddedPath& added : paths) {
         std::vector<DataNode>* siblings = &roots;
-        std::vector<Open>*     open     = &open_roots;
-        DataNode*              node     = nullptr;
-        size_t                 parent   = 0;
+        std::vector<Open>* open         = &open_roots;
+        DataNode* node                  = nullptr;
+        size_t parent                   = 0;
 
         std::string_view rest = added.path;
         while (true) {
@@ -152,7 +152,7 @@ std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths)
             const std::string_view tag = rest.substr(0, rest.find('/'));
             rest.remove_prefix(tag.size());
 
-            auto entry = std::ranges::find_if(*open, [&](const Open& each) {
+            auto entry          = std::ranges::find_if(*open, [&](const Open& each) {
                 return each.tag == tag && each.ns_uri == added.ns_uri;
             });
             const bool is_known = entry != open->end();
@@ -164,8 +164,8 @@ std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths)
                 entry->parent  = parent;
                 DataNode& made = siblings->emplace_back();
                 made.children.reserve(entry->below.size());
-                made.tag       = tag;
-                made.ns_uri    = added.ns_uri;
+                made.tag    = tag;
+                made.ns_uri = added.ns_uri;
             }
             node     = &(*siblings)[entry->index];
             siblings = &node->children;

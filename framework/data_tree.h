@@ -29,10 +29,10 @@ struct DataNode {
     std::optional<std::string> tag;    ///< nothing: the node's tag is null for the library
     std::optional<std::string> ns_uri; ///< nothing: null for the library
     std::optional<std::string> value;
-    std::vector<DataNode>      children;
-    Edit                       edit = Edit::none; ///< operation that stands on this very node
-    std::optional<uint32_t>    position;
-    uint32_t                   line = 0; ///< line of the document, 0 if unknown
+    std::vector<DataNode> children;
+    Edit edit = Edit::none; ///< operation that stands on this very node
+    std::optional<uint32_t> position;
+    uint32_t line = 0; ///< line of the document, 0 if unknown
 };
 
 /// An input tree as map libraries see it: OzkMapNode records and their texts, owned by this object
@@ -48,7 +48,7 @@ public:
     InputTree& operator=(InputTree&&) noexcept = default;
 
     /// The root's record.
-    OzkMapNode&       root() { return root_; }
+    OzkMapNode& root() { return root_; }
     const OzkMapNode& root() const { return root_; }
 
     /// Child `index` of `node`, for writing: the tree owns the records that `subtrees` points to.
@@ -67,7 +67,7 @@ public:
 
 private:
     struct Store;
-    OzkMapNode             root_{};
+    OzkMapNode root_{};
     std::shared_ptr<Store> store_;
 };
 

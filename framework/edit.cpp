@@ -51,7 +51,7 @@ DataNode& make(std::vector<DataNode>& nodes, std::string_view tag, std::string_v
 /// A place in the tree: the node that is edited has `tag` and is a child of `parent`. A null parent
 /// means that the way there doesn't exist.
 struct Place {
-    DataNode*        parent;
+    DataNode* parent;
     std::string_view tag;
 };
 
@@ -77,9 +77,9 @@ void edit_leaf(DataNode& from, std::string_view path, const AddedPath& leaf)
     const Edit operation = operation_of(leaf);
     if (operation == Edit::none)
         return;
-    const bool  deletes = operation == Edit::erase || operation == Edit::remove;
-    const Place place   = place_of(from, path, leaf.ns_uri, !deletes);
-    DataNode*   node    = nullptr;
+    const bool deletes = operation == Edit::erase || operation == Edit::remove;
+    const Place place  = place_of(from, path, leaf.ns_uri, !deletes);
+    DataNode* node     = nullptr;
     if (place.parent != nullptr)
         node = find(place.parent->children, place.tag, leaf.ns_uri);
 
@@ -126,15 +126,15 @@ public:
 
     void edit(DataNode& root) const
     {
-        const AddedPath& teller    = list_.ref_node != nullptr ? list_ : *keys_.front();
-        const Edit       operation = operation_of(teller);
-        const bool       deletes   = operation == Edit::erase || operation == Edit::remove;
-        const bool       makes     = !deletes && operation != Edit::none;
+        const AddedPath& teller = list_.ref_node != nullptr ? list_ : *keys_.front();
+        const Edit operation    = operation_of(teller);
+        const bool deletes      = operation == Edit::erase || operation == Edit::remove;
+        const bool makes        = !deletes && operation != Edit::none;
 
         std::string_view path = list_.path;
         take_tag(path); // the root's
         const Place place = place_of(root, path, list_.ns_uri, makes);
-        DataNode*   entry = place.parent != nullptr ? find_in(*place.parent) : nullptr;
+        DataNode* entry   = place.parent != nullptr ? find_in(*place.parent) : nullptr;
 
         if (entry == nullptr && (operation == Edit::erase || operation == Edit::none))
             refuse("data-missing", "there is no " + name(), teller);
@@ -164,8 +164,8 @@ private:
 
     bool is_key(const AddedPath& leaf) const
     {
-        return std::ranges::any_of(
-            keys_, [&](const AddedPath* key) { return key->path == leaf.path; });
+        return std::ranges::any_of(keys_,
+                                   [&](const AddedPath* key) { return key->path == leaf.path; });
     }
 
     DataNode* find_in(DataNode& parent) const
@@ -207,8 +207,8 @@ private:
         return text;
     }
 
-    const AddedPath&              list_;
-    std::span<const AddedPath>    leaves_;
+    const AddedPath& list_;
+    std::span<const AddedPath> leaves_;
     std::vector<const AddedPath*> keys_;
 };
 

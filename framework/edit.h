@@ -18,8 +18,8 @@ namespace ozk {
 /// What tells the entries of a list apart. The output tree doesn't say it: on an edit every leaf of
 /// an entry comes with a value.
 struct ListKey {
-    std::string_view                  ns_uri;
-    std::string_view                  path;   ///< schema path of the list
+    std::string_view ns_uri;
+    std::string_view path;                    ///< schema path of the list
     std::span<const std::string_view> leaves; ///< tags of the keys
 };
 
@@ -43,8 +43,7 @@ public:
 /// name stay whatever it is.
 ///
 /// Throws EditError; the edit is then refused as a whole.
-DataNode apply_edit(DataNode data, std::span<const AddedPath> added,
-                    std::span<const ListKey> keys);
+DataNode apply_edit(DataNode data, std::span<const AddedPath> added, std::span<const ListKey> keys);
 
 } // namespace ozk
 

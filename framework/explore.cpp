@@ -26,7 +26,7 @@ constexpr size_t max_depth = 64;
 /// One level of the road to a node.
 struct Step {
     std::string tag;
-    bool        is_compared = true;
+    bool is_compared     = true;
     std::string function = {}; ///< of a node that isn't compared
 };
 using Road = std::vector<Step>; // the root first
@@ -35,9 +35,9 @@ uint32_t op_code_of(Query query)
 {
     switch (query) {
     case Query::get_config: return MAP_OP_GET_CONFIG;
-    case Query::get:        return MAP_OP_GET;
+    case Query::get: return MAP_OP_GET;
     case Query::edit:
-    case Query::erase:      return MAP_OP_EDIT;
+    case Query::erase: return MAP_OP_EDIT;
     }
     return MAP_OP_GET;
 }
@@ -49,12 +49,12 @@ struct Frame;
 
 /// What a function did: a call of the framework, or a call of a function that traces.
 struct Item {
-    const Call*  call;
+    const Call* call;
     const Frame* frame;
 };
 
 struct Frame {
-    std::string       function; ///< as it is defined, with two underscores if it is generated
+    std::string function; ///< as it is defined, with two underscores if it is generated
     std::vector<Item> items;
 };
 
@@ -91,16 +91,16 @@ private:
     /// Function and text of a trace line such as "#7: TRC: some_function:12 ctx=0x1234,Start".
     static std::pair<std::string_view, std::string_view> parse(std::string_view line)
     {
-        constexpr std::string_view mark  = ": TRC: ";
-        const size_t               begin = line.find(mark);
-        const size_t               comma = line.find(',');
+        constexpr std::string_view mark = ": TRC: ";
+        const size_t begin              = line.find(mark);
+        const size_t comma              = line.find(',');
         if (begin == line.npos || comma == line.npos)
             return {};
         const size_t name = begin + mark.size();
         return {line.substr(name, line.find(':', name) - name), line.substr(comma + 1)};
     }
 
-    Frame             top_;
+    Frame top_;
     std::deque<Frame> frames_; // unmoved, as they point to each other
 };
 
@@ -153,7 +153,7 @@ public:
         calls_.emplace(run_.calls());
 
         const auto& top = calls_->top().items;
-        const auto  first =
+        const auto first =
             std::ranges::find_if(top, [](const Item& item) { return item.frame != nullptr; });
         frame_ = first != top.end() ? first->frame : nullptr;
         for (size_t i = 1; i < road.size() && frame_ != nullptr; ++i)
@@ -175,8 +175,8 @@ private:
     static InputTree build(const ExploredRoot& root, const Road& road, Query query,
                            bool with_unknown_child)
     {
-        DataNode data{.tag = root.tag, .ns_uri = root.ns_uri, .value = {}, .children = {},
-                      .position = {}};
+        DataNode data{
+            .tag = root.tag, .ns_uri = root.ns_uri, .value = {}, .children = {}, .position = {}};
         // A target that its parent calls without a look at the children is given the parent's
         // record: no record of its own.
         DataNode* node  = &data;
@@ -205,18 +205,21 @@ private:
         return node;
     }
 
-    InputTree               input_;
-    Run                     run_;
+    InputTree input_;
+    Run run_;
     std::optional<CallTree> calls_;
-    const Frame*            frame_  = nullptr;
-    const OzkMapNode*       node_   = nullptr;
-    uint32_t                status_ = MAP_OK;
+    const Frame* frame_     = nullptr;
+    const OzkMapNode* node_ = nullptr;
+    uint32_t status_        = MAP_OK;
 };
 
 MappedPath mapped_path(const Call& add, const OzkMapNode* node)
 {
-    MappedPath path{.path = add.text_1, .ns_uri = add.text_2, .literal = {},
-                    .refers_to_node = node == add.node, .is_list = add.kind != 0};
+    MappedPath path{.path           = add.text_1,
+                    .ns_uri         = add.text_2,
+                    .literal        = {},
+                    .refers_to_node = node == add.node,
+                    .is_list        = add.kind != 0};
     const std::string_view value = add.value != nullptr ? add.value : "";
     if (add.value == nullptr)
         path.value_from = ValueFrom::nowhere;
@@ -309,8 +312,8 @@ private:
     /// The tag in the name of a walker or thunk, which ends in it.
     std::string tag_in(const std::string& function) const
     {
-        const std::string tag   = function.substr(function.rfind('_') + 1);
-        const auto        known = std::ranges::find_if(spellings_, [&](std::string_view spelling) {
+        const std::string tag = function.substr(function.rfind('_') + 1);
+        const auto known      = std::ranges::find_if(spellings_, [&](std::string_view spelling) {
             std::string bare(spelling);
             std::erase(bare, '-');
             return bare == tag;
@@ -318,10 +321,10 @@ private:
         return known != spellings_.end() ? std::string(*known) : tag;
     }
 
-    const ExploredRoot&               root_;
-    const FindFunction&               find_function_;
+    const ExploredRoot& root_;
+    const FindFunction& find_function_;
     std::span<const std::string_view> spellings_;
-    std::vector<ExploredNode>         nodes_;
+    std::vector<ExploredNode> nodes_;
 };
 
 void Explorer::explore(Road& road, const std::string& path_above)
@@ -347,8 +350,8 @@ void Explorer::explore(Road& road, const std::string& path_above)
 void Explorer::ask(ExploredNode& node, const Road& road, Query query) const
 {
     const Probe probe(root_, road, query, false);
-    Outcome&    outcome = node.outcomes[static_cast<size_t>(query)];
-    outcome.status      = probe.status();
+    Outcome& outcome = node.outcomes[static_cast<size_t>(query)];
+    outcome.status   = probe.status();
     if (probe.frame() == nullptr)
         return;
     outcome.is_reached = true;
@@ -357,8 +360,8 @@ void Explorer::ask(ExploredNode& node, const Road& road, Query query) const
         name_functions(node, *probe.frame());
     if (node.kind != NodeKind::leaf && !outcome.paths.empty()) {
         const Probe full(root_, road, query, true);
-        const auto  paths = full.frame() != nullptr ? own_paths(*full.frame(), full.node())
-                                                    : std::vector<MappedPath>();
+        const auto paths = full.frame() != nullptr ? own_paths(*full.frame(), full.node())
+                                                   : std::vector<MappedPath>();
         for (MappedPath& path : outcome.paths)
             path.only_if_empty = std::ranges::find(paths, path) == paths.end();
     }
@@ -394,14 +397,14 @@ uint32_t Explorer::call_handler(const ExploredNode& node, const Probe& probe, Qu
     void* handler = find_function_(node.handler);
     if (handler == nullptr)
         return MAP_OK;
-    Run      run(op_code_of(query));
+    Run run(op_code_of(query));
     uint32_t status = MAP_OK;
     run.call([&] {
-        status = node.kind == NodeKind::container
-                     ? reinterpret_cast<OzkMapContainerFunction*>(handler)(
-                           run.ctx(), probe.node(), 0, run.tree())
-                     : reinterpret_cast<OzkMapFunction*>(handler)(run.ctx(), probe.node(),
-                                                                  run.tree());
+        status =
+            node.kind == NodeKind::container
+                ? reinterpret_cast<OzkMapContainerFunction*>(handler)(run.ctx(), probe.node(), 0,
+                                                                      run.tree())
+                : reinterpret_cast<OzkMapFunction*>(handler)(run.ctx(), probe.node(), run.tree());
     });
     return status;
 }
@@ -410,7 +413,7 @@ uint32_t Explorer::call_handler(const ExploredNode& node, const Probe& probe, Qu
 std::vector<Step> Explorer::children(const Road& road) const
 {
     std::vector<Step> children;
-    const auto        add = [&](Step child) {
+    const auto add = [&](Step child) {
         if (std::ranges::find(children, child.tag, &Step::tag) == children.end())
             children.push_back(std::move(child));
     };

@@ -37,21 +37,21 @@ enum class ValueFrom : uint8_t {
 struct MappedPath {
     std::string path;
     std::string ns_uri;
-    ValueFrom   value_from = ValueFrom::nowhere;
+    ValueFrom value_from = ValueFrom::nowhere;
     std::string literal; ///< the value for ValueFrom::literal, else empty
-    bool        refers_to_node = false;
-    bool        is_list        = false;
-    bool        only_if_empty  = false; ///< added only for a node without children
+    bool refers_to_node = false;
+    bool is_list        = false;
+    bool only_if_empty  = false; ///< added only for a node without children
 
     friend bool operator==(const MappedPath&, const MappedPath&) = default;
 };
 
 /// What becomes of a node on one query; the node has no children.
 struct Outcome {
-    bool                    is_reached = false; ///< its walker or thunk was called
-    uint32_t                status     = 0;     ///< of the walk; or else of the node's handler
-    bool                    is_dropped = false; ///< a status of the handler that no walk returns
-    std::vector<MappedPath> paths;              ///< in the order of the adds
+    bool is_reached = false;       ///< its walker or thunk was called
+    uint32_t status = 0;           ///< of the walk; or else of the node's handler
+    bool is_dropped = false;       ///< a status of the handler that no walk returns
+    std::vector<MappedPath> paths; ///< in the order of the adds
 };
 
 enum class NodeKind : uint8_t { container, list, leaf };
@@ -60,10 +60,10 @@ enum class NodeKind : uint8_t { container, list, leaf };
 struct ExploredNode {
     std::string path; ///< schema path
     std::string tag;
-    NodeKind    kind = NodeKind::leaf;
+    NodeKind kind = NodeKind::leaf;
     /// Whether the library compares the tag. Where a walker calls its targets without a look at its
     /// children, the tag is only known from a function's name, which has no hyphens.
-    bool        is_compared = true;
+    bool is_compared = true;
     std::string function; ///< walker or leaf thunk; empty if no query reaches it
     std::string handler;  ///< plain name
     /// Whether a function written by hand stands in place of the generated handler, of the default
@@ -71,7 +71,7 @@ struct ExploredNode {
     bool handler_by_hand = false;
     bool hook_by_hand    = false;
     /// Functions written by hand that the generated handler calls: manual leaves and when hooks.
-    std::vector<std::string>         called_by_hand;
+    std::vector<std::string> called_by_hand;
     std::array<Outcome, query_count> outcomes; ///< by Query
 
     const Outcome& on(Query query) const { return outcomes[static_cast<size_t>(query)]; }
@@ -79,8 +79,8 @@ struct ExploredNode {
 
 /// A root of a model and its walker.
 struct ExploredRoot {
-    const char*     ns_uri;
-    const char*     tag;
+    const char* ns_uri;
+    const char* tag;
     OzkMapFunction* walker;
 };
 

@@ -49,7 +49,7 @@ std::optional<DataNode> select(const DataNode& data, const Filters& filters)
     }
 
     std::vector<DataNode> selected;
-    Filters               of_child;
+    Filters of_child;
     for (const DataNode& child : data.children) {
         of_child.clear();
         std::ranges::copy_if(below, std::back_inserter(of_child),

@@ -71,14 +71,15 @@ bool deletes(const OzkMapNode& node)
 template <Op op>
 int ask_edit(const OzkMapNode* node, bool (*test)(const OzkMapNode&))
 {
-    State*     state = current_state;
-    const auto ask   = [=] { return uint32_t{node != nullptr && is_edit(state) && test(*node)}; };
+    State* state   = current_state;
+    const auto ask = [=] { return uint32_t{node != nullptr && is_edit(state) && test(*node)}; };
     if (state == nullptr)
         return static_cast<int>(ask());
     if (node == nullptr)
         state->fault(op, "null node");
     state->asked = node;
-    return static_cast<int>(perform<op>(*state, [=](Call& call) { call.node = node; }, ask));
+    return static_cast<int>(perform<op>(
+        *state, [=](Call& call) { call.node = node; }, ask));
 }
 
 const char* tag_of(const OzkMapNode* node)
@@ -111,7 +112,7 @@ const OzkMapNode* node_of_tag(const State& state, const char* tag)
 char* copy_without_run(const char* text)
 {
     static std::mutex mutex;
-    static Texts      copies;
+    static Texts copies;
     try {
         const std::lock_guard lock(mutex);
         return copies.keep(text);
@@ -131,8 +132,8 @@ char* copy_without_run(const char* text)
     };
     if (state == nullptr)
         return static_cast<int>(is_on());
-    return static_cast<int>(
-        perform<Op::should_log>(*state, [=](Call& call) { call.kind = level; }, is_on));
+    return static_cast<int>(perform<Op::should_log>(
+        *state, [=](Call& call) { call.kind = level; }, is_on));
 }
 
 /// Apart, so that match() needs no stack frame: most comparisons end at the first character.
@@ -200,8 +201,8 @@ uint32_t ozk_map_add_to_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* node, u
 
 uint32_t ozk_map_remove_from_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* node)
 {
-    constexpr Op op    = Op::hierarchy_remove;
-    State*       state = run_of(op, ctx);
+    constexpr Op op = Op::hierarchy_remove;
+    State* state    = run_of(op, ctx);
     if (state == nullptr)
         return MAP_ERR_INVALID_ARGS;
     return perform<op>(
@@ -228,8 +229,8 @@ uint32_t ozk_map_remove_from_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* no
 
 uint32_t ozk_map_update_current_list_node(OzkMapCtx* ctx, const char* list_path)
 {
-    constexpr Op op    = Op::update_list;
-    State*       state = run_of(op, ctx);
+    constexpr Op op = Op::update_list;
+    State* state    = run_of(op, ctx);
     if (state == nullptr)
         return MAP_ERR_INVALID_ARGS;
     if (list_path == nullptr)
@@ -267,8 +268,8 @@ uint32_t ozk_map_datatree_add_path_flagged(OzkMapCtx* ctx, OzkDataTree* tree, co
                                            const OzkMapNode* ref_node, void* reserved_ptr,
                                            uint32_t is_list, uint32_t reserved_flag)
 {
-    constexpr Op op    = Op::add_path;
-    State*       state = run_of(op, ctx);
+    constexpr Op op = Op::add_path;
+    State* state    = run_of(op, ctx);
     if (state == nullptr)
         return MAP_ERR_INVALID_ARGS;
     const bool is_valid = path != nullptr && ns_uri != nullptr && tree == &state->tree;
@@ -312,8 +313,8 @@ uint32_t ozk_map_datatree_add_path_flagged(OzkMapCtx* ctx, OzkDataTree* tree, co
 
 char* ozk_strdup(const char* text, const char* memory_tag)
 {
-    constexpr Op op    = Op::copy_text;
-    State*       state = current_state;
+    constexpr Op op = Op::copy_text;
+    State* state    = current_state;
     if (state == nullptr)
         return text != nullptr ? copy_without_run(text) : nullptr;
     if (memory_tag == nullptr || std::strcmp(memory_tag, MAP_MEMORY_TAG) != 0)
@@ -350,8 +351,8 @@ void _tlm_dt_log_filter_adv(uint64_t log, uint32_t zero_1, uint32_t zero_2, uint
                             uint32_t zero_4, uint64_t file_word, uint32_t* site_word,
                             const char* format, ...)
 {
-    constexpr Op op    = Op::log;
-    State*       state = run_of_handle(log);
+    constexpr Op op = Op::log;
+    State* state    = run_of_handle(log);
     if (state == nullptr)
         return;
     const bool is_trace = log == State::value_of(state->trace_log);
@@ -403,8 +404,8 @@ uint32_t ret_nc_ozk_trace_index_incr(void)
 
 void _lstrace(uint64_t trace_buffer, uint64_t options, const char* line)
 {
-    constexpr Op op    = Op::trace;
-    State*       state = run_of_handle(trace_buffer);
+    constexpr Op op = Op::trace;
+    State* state    = run_of_handle(trace_buffer);
     if (state == nullptr)
         return;
     if (trace_buffer != State::value_of(state->trace_buffer))

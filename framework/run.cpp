@@ -62,19 +62,19 @@ std::string shown(const OzkMapNode* node)
 const char* name_of(Op op)
 {
     switch (op) {
-    case Op::hierarchy_add:     return "ozk_map_add_to_node_hierarchy";
-    case Op::hierarchy_remove:  return "ozk_map_remove_from_node_hierarchy";
-    case Op::update_list:       return "ozk_map_update_current_list_node";
-    case Op::match:             return "ozk_map_do_these_match";
-    case Op::is_request_add:    return "ozk_map_is_request_add";
+    case Op::hierarchy_add: return "ozk_map_add_to_node_hierarchy";
+    case Op::hierarchy_remove: return "ozk_map_remove_from_node_hierarchy";
+    case Op::update_list: return "ozk_map_update_current_list_node";
+    case Op::match: return "ozk_map_do_these_match";
+    case Op::is_request_add: return "ozk_map_is_request_add";
     case Op::is_request_delete: return "ozk_map_is_request_delete";
-    case Op::add_path:          return "ozk_map_datatree_add_path_flagged";
-    case Op::copy_text:         return "ozk_strdup";
-    case Op::should_log:        return "ozk_debug_should_log";
-    case Op::log:               return "_tlm_dt_log_filter_adv";
-    case Op::trace_index:       return "ret_nc_ozk_trace_index_incr";
-    case Op::trace:             return "_lstrace";
-    case Op::sibling:           return "sibling";
+    case Op::add_path: return "ozk_map_datatree_add_path_flagged";
+    case Op::copy_text: return "ozk_strdup";
+    case Op::should_log: return "ozk_debug_should_log";
+    case Op::log: return "_tlm_dt_log_filter_adv";
+    case Op::trace_index: return "ret_nc_ozk_trace_index_incr";
+    case Op::trace: return "_lstrace";
+    case Op::sibling: return "sibling";
     }
     return "-";
 }
@@ -85,34 +85,24 @@ std::string to_text(const Call& call)
     const std::string text_1 = shown(call.text_1);
     const std::string text_2 = shown(call.text_2);
     const std::string result = ") = " + std::to_string(call.result);
-    const std::string name   = std::string(name_of(call.op)) + "(";
+    std::string name         = std::string(name_of(call.op)) + "(";
     switch (call.op) {
     case Op::hierarchy_add:
         return name + node + (call.kind == MAP_HIER_LIST ? ", list)" : ", container)");
-    case Op::hierarchy_remove:
-        return name + node + ")";
-    case Op::update_list:
-        return name + text_1 + result;
+    case Op::hierarchy_remove: return name + node + ")";
+    case Op::update_list: return name + text_1 + result;
     case Op::is_request_add:
-    case Op::is_request_delete:
-        return name + node + result;
-    case Op::match:
-        return name + text_1 + ", " + text_2 + result;
-    case Op::copy_text:
-        return name + text_1 + ", " + text_2 + ")";
+    case Op::is_request_delete: return name + node + result;
+    case Op::match: return name + text_1 + ", " + text_2 + result;
+    case Op::copy_text: return name + text_1 + ", " + text_2 + ")";
     case Op::add_path:
         return name + text_1 + ", " + text_2 + ", " + shown(call.value) + ", " + node + ", " +
                std::to_string(call.kind) + result;
-    case Op::should_log:
-        return name + level_name(call.kind) + result;
-    case Op::log:
-        return name + level_name(call.kind) + ", " + shown(call.line.c_str()) + ")";
-    case Op::trace_index:
-        return name + result;
-    case Op::trace:
-        return name + shown(call.line.c_str()) + ")";
-    case Op::sibling:
-        return name + text_1 + ", " + node + result;
+    case Op::should_log: return name + level_name(call.kind) + result;
+    case Op::log: return name + level_name(call.kind) + ", " + shown(call.line.c_str()) + ")";
+    case Op::trace_index: return name + result;
+    case Op::trace: return name + shown(call.line.c_str()) + ")";
+    case Op::sibling: return name + text_1 + ", " + node + result;
     }
     return name;
 }
@@ -157,11 +147,11 @@ void Run::set_operation(uint32_t op_code)
 uint32_t Run::walk(OzkMapFunction* function, const OzkMapNode* node)
 {
     const CurrentScope current(*state_);
-    const size_t       depth        = state_->hierarchy.size();
-    const size_t       floor_before = std::exchange(state_->hierarchy_floor, depth);
-    const char*        tag_before   = state_->request.offending_tag;
-    state_->reached                 = {};
-    state_->compared                = nullptr;
+    const size_t depth        = state_->hierarchy.size();
+    const size_t floor_before = std::exchange(state_->hierarchy_floor, depth);
+    const char* tag_before    = state_->request.offending_tag;
+    state_->reached           = {};
+    state_->compared          = nullptr;
 
     const uint32_t status = function(&state_->ctx, node, &state_->tree);
 
@@ -172,7 +162,7 @@ uint32_t Run::walk(OzkMapFunction* function, const OzkMapNode* node)
         state_->hierarchy.resize(depth);
     }
     state_->hierarchy_floor = floor_before;
-    const char* tag = state_->request.offending_tag;
+    const char* tag         = state_->request.offending_tag;
     if (tag != tag_before && tag != nullptr && !std::ranges::count(state_->copies, tag))
         state_->faults.push_back("a walk has left an offending tag that is no copy of ozk_strdup");
     return status;
@@ -189,7 +179,7 @@ void Run::set_level(uint32_t level, bool on)
     if (level >= 32)
         throw std::invalid_argument("no such log level");
     const uint32_t bit = uint32_t{1} << level;
-    uint32_t&      all = state_->ctx._debug_ctx.levels;
+    uint32_t& all      = state_->ctx._debug_ctx.levels;
     all                = on ? all | bit : all & ~bit;
 }
 
@@ -260,7 +250,7 @@ const OzkMapNode* Run::reached_node() const
     if ((node->flags & MAP_NODE_HAS_SUBTREES) == 0 || node->subtrees == nullptr)
         return nullptr;
     const std::span children(node->subtrees, node->subtree_count);
-    const auto      found = std::ranges::find(children, child_tag, &OzkMapNode::tag);
+    const auto found = std::ranges::find(children, child_tag, &OzkMapNode::tag);
     return found != children.end() ? &*found : nullptr;
 }
 

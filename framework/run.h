@@ -46,14 +46,14 @@ const char* name_of(Op op);
 /// One recorded call. Pointers are those of the call; they stay valid as long as the input tree
 /// and the map library do.
 struct Call {
-    Op                op;
-    uint32_t          kind   = 0; ///< hierarchy kind, is_list or level
-    uint32_t          result = 0; ///< what the call answered, where it answers a number
-    const OzkMapNode* node   = nullptr;
-    const char*       text_1 = nullptr;
-    const char*       text_2 = nullptr;
-    const char*       value  = nullptr;
-    std::string       line   = {};    ///< finished text of a log entry or trace line
+    Op op;
+    uint32_t kind          = 0; ///< hierarchy kind, is_list or level
+    uint32_t result        = 0; ///< what the call answered, where it answers a number
+    const OzkMapNode* node = nullptr;
+    const char* text_1     = nullptr;
+    const char* text_2     = nullptr;
+    const char* value      = nullptr;
+    std::string line       = {}; ///< finished text of a log entry or trace line
     // Of Op::log: what was handed over beside the text.
     const void* site_word = nullptr;
     const char* format    = nullptr;
@@ -67,12 +67,12 @@ std::string to_text(const Call& call);
 /// it outlives the library; those of `path` and `ns_uri` are the run's. `ref_node` is a node of the
 /// input.
 struct AddedPath {
-    std::string_view           path;
-    std::string_view           ns_uri;
+    std::string_view path;
+    std::string_view ns_uri;
     std::optional<std::string> value;
-    const OzkMapNode*          ref_node      = nullptr;
-    const char*                value_pointer = nullptr; ///< the very pointer that was handed over
-    bool                       is_list       = false;
+    const OzkMapNode* ref_node = nullptr;
+    const char* value_pointer  = nullptr; ///< the very pointer that was handed over
+    bool is_list               = false;
 };
 
 /// The data tree that added paths stand for. A list add opens a new entry; later adds below its
@@ -96,9 +96,9 @@ public:
     Run(const Run&)            = delete;
     Run& operator=(const Run&) = delete;
 
-    OzkMapCtx*   ctx();
+    OzkMapCtx* ctx();
     OzkDataTree* tree();
-    void         set_operation(uint32_t op_code);
+    void set_operation(uint32_t op_code);
 
     // --- Walking
 
@@ -112,11 +112,11 @@ public:
 
     // --- Switches, all of which may be turned while a walk goes on
 
-    void set_level(uint32_t level, bool on);           ///< all off at first; levels are below 32
-    void set_trace(bool on);                           ///< off at first
-    void set_trace_capacity(size_t lines);             ///< lines that the ring keeps; 4096 at first
-    void set_log_stream(FILE* stream);                 ///< where log entries go; null: nowhere
-    void record_calls(bool on);                        ///< off at first: recording costs time
+    void set_level(uint32_t level, bool on); ///< all off at first; levels are below 32
+    void set_trace(bool on);                 ///< off at first
+    void set_trace_capacity(size_t lines);   ///< lines that the ring keeps; 4096 at first
+    void set_log_stream(FILE* stream);       ///< where log entries go; null: nowhere
+    void record_calls(bool on);              ///< off at first: recording costs time
     /// Called before each operation, also while recording is off; may turn any switch. What it
     /// throws is a fault, and the operation is not carried out.
     void on_call(std::function<void(Run&, const Call&)> listener);
@@ -130,23 +130,23 @@ public:
 
     // --- What came of it
 
-    std::span<const Call>      calls() const;
+    std::span<const Call> calls() const;
     std::span<const AddedPath> added() const;
-    const char*                offending_tag() const; ///< null if none was left
+    const char* offending_tag() const; ///< null if none was left
     /// The node whose tag was copied last, or null if the framework can't tell; for messages. It
     /// is searched for among the children of the node that was added to the hierarchy last.
-    const OzkMapNode*          offending_node() const;
+    const OzkMapNode* offending_node() const;
     /// The node that the walk had come to, or null if it was none with a tag: the child whose tag
     /// was compared last, the first of its siblings with that tag, or the node added to the
     /// hierarchy last. A walk that fails ends there.
-    const OzkMapNode*          reached_node() const;
-    std::vector<std::string>   trace_lines() const; ///< oldest first
-    uint32_t                   trace_index() const; ///< running number of the last trace line
+    const OzkMapNode* reached_node() const;
+    std::vector<std::string> trace_lines() const; ///< oldest first
+    uint32_t trace_index() const;                 ///< running number of the last trace line
     /// Calls that broke the contract, a line each: a remove that isn't the last add's, a hierarchy
     /// that isn't balanced, a list path outside of a list entry, a context, tree or log handle of
     /// another run, arguments that must be null and are not or the other way round, an offending
-    /// tag that is no copy of ozk_strdup. An operation goes on in spite of it where it can; where it
-    /// can't, as an add without a path, it changes nothing and answers MAP_ERR_INVALID_ARGS.
+    /// tag that is no copy of ozk_strdup. An operation goes on in spite of it where it can; where
+    /// it can't, as an add without a path, it changes nothing and answers MAP_ERR_INVALID_ARGS.
     std::span<const std::string> faults() const;
 
     /// The run whose walk is going on in this thread, or null.

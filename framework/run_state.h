@@ -35,25 +35,22 @@ struct Run::State {
     struct Handle {
         State* owner;
     };
-    static uint64_t value_of(const Handle& handle)
-    {
-        return reinterpret_cast<uint64_t>(&handle);
-    }
+    static uint64_t value_of(const Handle& handle) { return reinterpret_cast<uint64_t>(&handle); }
 
     struct Walked {
         const OzkMapNode* node;
-        uint32_t          kind;
+        uint32_t kind;
     };
 
     // What the library sees. Its addresses are handed out: a state never moves.
-    Run&            run;
-    Handle          error_log{this};
-    Handle          trace_log{this};
-    Handle          trace_buffer{this};
+    Run& run;
+    Handle error_log{this};
+    Handle trace_log{this};
+    Handle trace_buffer{this};
     OzkMapOperation operation{};
-    OzkMapRequest   request{};
-    OzkMapCtx       ctx{};
-    OzkDataTree     tree;
+    OzkMapRequest request{};
+    OzkMapCtx ctx{};
+    OzkDataTree tree;
 
     /// Whether operations have to go the long way: a listener, a record or answers wait for them.
     bool hooked = false;
@@ -62,28 +59,28 @@ struct Run::State {
     const char* compared = nullptr;
     /// Where the walk has come to: `node`, or its child with `child_tag` if that isn't null.
     struct Reached {
-        const OzkMapNode* node      = nullptr;
-        const char*       child_tag = nullptr;
+        const OzkMapNode* node = nullptr;
+        const char* child_tag  = nullptr;
     };
     Reached reached;
 
     std::vector<Walked> hierarchy;
-    size_t              hierarchy_floor = 0; ///< nodes on it that the walk going on found there
-    const OzkMapNode*   asked           = nullptr; ///< node of the last test of its edit
-    const OzkMapNode*   offending_node  = nullptr;
+    size_t hierarchy_floor           = 0;       ///< nodes on it that the walk going on found there
+    const OzkMapNode* asked          = nullptr; ///< node of the last test of its edit
+    const OzkMapNode* offending_node = nullptr;
 
-    Texts                    texts;
+    Texts texts;
     std::vector<const char*> copies; ///< what ozk_strdup gave out
-    std::deque<std::string>  trace;
-    size_t                   trace_capacity = 4096;
-    uint32_t                 trace_index    = 0;
-    FILE*                    log_stream     = nullptr;
+    std::deque<std::string> trace;
+    size_t trace_capacity = 4096;
+    uint32_t trace_index  = 0;
+    FILE* log_stream      = nullptr;
     std::vector<std::string> faults;
 
     using Listener = std::function<void(Run&, const Call&)>;
-    bool                                      recording = false;
-    std::vector<Call>                         calls;
-    std::shared_ptr<Listener>                 listener;
+    bool recording = false;
+    std::vector<Call> calls;
+    std::shared_ptr<Listener> listener;
     std::map<std::pair<Op, size_t>, uint32_t> answers; ///< by operation and number of its call
     /// Calls so far of each operation that can_be_answered().
     std::array<size_t, static_cast<size_t>(Op::sibling) + 1> seen{};

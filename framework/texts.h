@@ -34,7 +34,7 @@ public:
     std::pmr::memory_resource& arena() { return arena_; }
 
 private:
-    std::pmr::monotonic_buffer_resource  arena_;
+    std::pmr::monotonic_buffer_resource arena_;
     std::unordered_set<std::string_view> interned_;
 };
 

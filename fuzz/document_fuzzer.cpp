@@ -33,7 +33,7 @@ public:
             fail("no room for the document");
     }
     ~MemoryFile() { close(descriptor_); }
-    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile(const MemoryFile&)            = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
 
     std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }

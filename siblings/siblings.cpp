@@ -9,7 +9,7 @@
 namespace {
 
 struct EntryPoint {
-    const char*                name;
+    const char* name;
     std::atomic<unsigned long> calls{0};
 };
 
@@ -22,7 +22,7 @@ EntryPoint filter_c{
     "ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration"};
 
 std::atomic<YmapSiblingsListener*> listener{nullptr};
-std::atomic<FILE*>                 stream{nullptr};
+std::atomic<FILE*> stream{nullptr};
 
 uint32_t called(EntryPoint& entry_point, OzkMapCtx* ctx, const OzkMapNode* node)
 {

@@ -20,7 +20,7 @@ OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlb_interf
 OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration;
 
 /// Is told of a call of an entry point, under its name, and gives the status that it answers.
-typedef uint32_t YmapSiblingsListener(const char* entry_point, OzkMapCtx* ctx,
+using YmapSiblingsListener = uint32_t(const char* entry_point, OzkMapCtx* ctx,
                                       const OzkMapNode* node);
 
 /// Sets the process's listener; null, as it is at first, lets every entry point answer MAP_OK.

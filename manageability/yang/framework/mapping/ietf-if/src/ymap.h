@@ -149,12 +149,12 @@ struct OzkDataTree;
 // Map functions
 
 /// A root walker, walker, leaf thunk, list handler, leaf handler, manual leaf or augment hook.
-typedef uint32_t OzkMapFunction(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree);
+using OzkMapFunction = uint32_t(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree);
 /// A container handler; `subtree_count` is the number of children that its walker found.
-typedef uint32_t OzkMapContainerFunction(OzkMapCtx* ctx, const OzkMapNode* node,
+using OzkMapContainerFunction = uint32_t(OzkMapCtx* ctx, const OzkMapNode* node,
                                          uint32_t subtree_count, OzkDataTree* tree);
 /// A when hook (RFC 7950, 7.21.5): MAP_OK lets the walk go on below the node.
-typedef uint32_t OzkMapWhenFunction(OzkMapCtx* ctx, const OzkMapNode* node);
+using OzkMapWhenFunction = uint32_t(OzkMapCtx* ctx, const OzkMapNode* node);
 
 // ---------------------------------------------------------------------------------------------
 // Operations of the framework

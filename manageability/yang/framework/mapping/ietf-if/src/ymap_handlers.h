@@ -148,9 +148,9 @@ private:
                                                  Sites& sites, int line)
     {
         // One answer is kept over the calls instead of two pointers.
-        const bool arguments_valid = node != nullptr && tree != nullptr;
+        const auto arguments_valid = [valid = node != nullptr && tree != nullptr] { return valid; };
         const Place place{function, line};
-        if (!enter(ctx, [=] { return arguments_valid; }, place, sites)) [[unlikely]]
+        if (!enter(ctx, arguments_valid, place, sites)) [[unlikely]]
             return MAP_ERR_INVALID_ARGS;
         leave(ctx, place, sites);
         return MAP_OK;

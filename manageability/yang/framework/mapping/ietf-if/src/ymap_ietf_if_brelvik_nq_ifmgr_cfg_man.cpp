@@ -9,9 +9,12 @@ using namespace ymap;
 // The maps of the packet filters of an entry. A sibling library exports them; the first call binds
 // each.
 extern "C" {
-OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvla_interface_configuration; // IPv6
-OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlb_interface_configuration; // Ethernet services
-OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration; // IPv4
+// IPv6
+OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvla_interface_configuration;
+// Ethernet services
+OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlb_interface_configuration;
+// IPv4
+OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration;
 }
 
 namespace {
@@ -27,8 +30,8 @@ struct PacketFilterSites : FrameSites {
 
 /// Hands `node` to the map of the packet filter that its tag names; leaves what came of it in
 /// `status`. A tag of no packet filter is no failure and leaves the status alone.
-void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree,
-                            Place place, PacketFilterSites& sites, uint32_t& status)
+void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree, Place place,
+                            PacketFilterSites& sites, uint32_t& status)
 {
     const char* tag = node->tag;
     if (tag == nullptr) {

@@ -10,9 +10,9 @@ namespace {
 
 /// Configuration data, which every operation reaches.
 struct NativeConfiguration {
-    static constexpr const char* ns_uri    = NS_NQ_IFMGR_CFG;
-    static constexpr Direction   direction = Direction::to_ietf;
-    static constexpr bool        gated     = false;
+    static constexpr const char* ns_uri  = NS_NQ_IFMGR_CFG;
+    static constexpr Direction direction = Direction::to_ietf;
+    static constexpr bool gated          = false;
 };
 
 } // namespace

@@ -10,9 +10,9 @@ namespace {
 
 /// State data throughout: MAP_OP_GET alone reaches it.
 struct Operational {
-    static constexpr const char* ns_uri    = NS_NQ_PFI_IM_CMD_OPER;
-    static constexpr Direction   direction = Direction::to_ietf;
-    static constexpr bool        gated     = true;
+    static constexpr const char* ns_uri  = NS_NQ_PFI_IM_CMD_OPER;
+    static constexpr Direction direction = Direction::to_ietf;
+    static constexpr bool gated          = true;
 };
 
 } // namespace

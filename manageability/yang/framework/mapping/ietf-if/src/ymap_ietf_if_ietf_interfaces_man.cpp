@@ -8,7 +8,8 @@ using namespace ymap;
 
 // The map of the model that augments /interfaces/interface with access lists. A sibling library
 // exports it; the first call binds it.
-extern "C" OzkMapFunction ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface;
+extern "C" OzkMapFunction
+    ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface;
 
 // clang-format off
 

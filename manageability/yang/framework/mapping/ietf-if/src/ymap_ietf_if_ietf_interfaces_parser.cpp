@@ -10,16 +10,16 @@ namespace {
 
 /// Configuration data, which every operation reaches.
 struct Configuration {
-    static constexpr const char* ns_uri    = NS_IETF_INTERFACES;
-    static constexpr Direction   direction = Direction::from_ietf;
-    static constexpr bool        gated     = false;
+    static constexpr const char* ns_uri  = NS_IETF_INTERFACES;
+    static constexpr Direction direction = Direction::from_ietf;
+    static constexpr bool gated          = false;
 };
 
 /// State data: MAP_OP_GET alone reaches it.
 struct State {
-    static constexpr const char* ns_uri    = NS_IETF_INTERFACES;
-    static constexpr Direction   direction = Direction::from_ietf;
-    static constexpr bool        gated     = true;
+    static constexpr const char* ns_uri  = NS_IETF_INTERFACES;
+    static constexpr Direction direction = Direction::from_ietf;
+    static constexpr bool gated          = true;
 };
 
 } // namespace
@@ -48,7 +48,7 @@ YMAP_HANDLER(ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces_parse_augments, Refu
 // /interfaces/interface
 YMAP_WALKER(lvla_interfaces_interface)
 {
-    return walk_keyed_list<Configuration>(ctx, node, tree,
+    return walk_list<Configuration>(ctx, node, tree,
         YMAP_LIST(lvla_interfaces_interface, "/interfaces/interface"),
         YMAP_KEY  ("name",                     lvla_interfaces_interface_name),
         YMAP_LEAF ("description",              lvla_interfaces_interface_description),

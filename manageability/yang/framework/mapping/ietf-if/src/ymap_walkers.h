@@ -21,6 +21,8 @@
 #ifndef YMAP_WALKERS_H
 #define YMAP_WALKERS_H
 
+#include <type_traits>
+
 #include "ymap_handlers.h"
 
 namespace ymap {
@@ -289,33 +291,6 @@ template <class Schema, class Self, class... Rows>
     });
 }
 
-/// Walks a list entry of the direction to_ietf. Its keys are children like any other.
-template <class Schema, class Self, class... Rows>
-[[gnu::always_inline]] inline uint32_t walk_list(OzkMapCtx* ctx, const OzkMapNode* node,
-                                                 OzkDataTree* tree, const Self& self,
-                                                 const Rows&... rows)
-{
-    static_assert(Schema::direction == Direction::to_ietf);
-    static ListSites sites;
-    return in_frame(ctx, node, tree, self.place, sites, [&]() -> uint32_t {
-        Children children;
-        if (!read_children(node, children)) {
-            log_point(ctx, text_failed_subtrees, self.place, sites.failed_subtrees);
-            return MAP_ERR_NO_SUBTREES;
-        }
-        if (children.count == 0)
-            log_point(ctx, text_no_keys, self.place, sites.no_keys);
-        ozk_map_add_to_node_hierarchy(ctx, node, MAP_HIER_LIST);
-        uint32_t status = ozk_map_update_current_list_node(ctx, self.path);
-        if (status == MAP_OK)
-            status = self.handler()(ctx, node, tree);
-        if (status == MAP_OK && children.count > 0)
-            status = walk_children<Schema>(ctx, children, tree, self, sites, rows...);
-        ozk_map_remove_from_node_hierarchy(ctx, node);
-        return status;
-    });
-}
-
 /// Whether the key stands where it must: an entry that the request adds begins with its key, the
 /// leaf `key_tag`. Where the request doesn't add it, the key may stand anywhere.
 [[gnu::always_inline]] inline bool key_in_place(const OzkMapNode* first_child, const char* key_tag)
@@ -334,15 +309,16 @@ constexpr const char* key_tag_of(const Rows&... rows)
     return tag;
 }
 
-/// Walks a list entry of the direction from_ietf and tests its key. An entry without children is
-/// expanded on a read, also when its path or its handler has failed.
+/// Walks a list entry. In the direction from_ietf its key is tested, its position is told once the
+/// entry has been accepted, and an entry without children is expanded on a read, also when its path
+/// or its handler has failed. In the direction to_ietf keys are children like any other.
 template <class Schema, class Self, class... Rows>
-[[gnu::always_inline]] inline uint32_t walk_keyed_list(OzkMapCtx* ctx, const OzkMapNode* node,
-                                                       OzkDataTree* tree, const Self& self,
-                                                       const Rows&... rows)
+[[gnu::always_inline]] inline uint32_t walk_list(OzkMapCtx* ctx, const OzkMapNode* node,
+                                                 OzkDataTree* tree, const Self& self,
+                                                 const Rows&... rows)
 {
-    static_assert(Schema::direction == Direction::from_ietf);
-    static KeyedListSites sites;
+    constexpr bool from_ietf = Schema::direction == Direction::from_ietf;
+    static std::conditional_t<from_ietf, KeyedListSites, ListSites> sites;
     return in_frame(ctx, node, tree, self.place, sites, [&]() -> uint32_t {
         Children children;
         if (!read_children(node, children)) {
@@ -353,20 +329,26 @@ template <class Schema, class Self, class... Rows>
             log_point(ctx, text_no_keys, self.place, sites.no_keys);
         ozk_map_add_to_node_hierarchy(ctx, node, MAP_HIER_LIST);
         uint32_t status = ozk_map_update_current_list_node(ctx, self.path);
-        if (status == MAP_OK && children.count > 0 &&
-            !key_in_place(children.first, key_tag_of(rows...))) {
-            log_point(ctx, text_key_expected, self.place, sites.key_expected);
-            report_offending_tag(ctx, children.first);
-            status = MAP_ERR_BAD_KEY;
+        if constexpr (from_ietf) {
+            if (status == MAP_OK && children.count > 0 &&
+                !key_in_place(children.first, key_tag_of(rows...))) {
+                log_point(ctx, text_key_expected, self.place, sites.key_expected);
+                report_offending_tag(ctx, children.first);
+                status = MAP_ERR_BAD_KEY;
+            }
         }
         if (status == MAP_OK)
             status = self.handler()(ctx, node, tree);
-        if (status == MAP_OK)
-            set_list_position(ctx, node);
+        if constexpr (from_ietf) {
+            if (status == MAP_OK)
+                set_list_position(ctx, node);
+        }
         if (status == MAP_OK && children.count > 0)
             status = walk_children<Schema>(ctx, children, tree, self, sites, rows...);
-        if (children.count == 0 && is_read(ctx))
-            expand<Schema>(ctx, node, tree, self, rows...);
+        if constexpr (from_ietf) {
+            if (children.count == 0 && is_read(ctx))
+                expand<Schema>(ctx, node, tree, self, rows...);
+        }
         ozk_map_remove_from_node_hierarchy(ctx, node);
         return status;
     });
