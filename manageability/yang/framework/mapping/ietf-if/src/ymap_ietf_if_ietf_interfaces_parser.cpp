@@ -50,7 +50,7 @@ YMAP_WALKER(lvla_interfaces_interface)
 {
     return walk_list<Configuration>(ctx, node, tree,
         YMAP_LIST(lvla_interfaces_interface, "/interfaces/interface"),
-        YMAP_KEY  ("name",                     lvla_interfaces_interface_name),
+        list_key(YMAP_LEAF("name",             lvla_interfaces_interface_name)),
         YMAP_LEAF ("description",              lvla_interfaces_interface_description),
         YMAP_LEAF ("type",                     lvla_interfaces_interface_type),
         YMAP_LEAF ("enabled",                  lvla_interfaces_interface_enabled),

@@ -68,10 +68,10 @@ namespace {
 // Rows and nodes. The types of YMAP_LEAF, YMAP_CONTAINER and YMAP_LIST are different for each node,
 // since the callables in them are; so each node's site words can be statics of a template.
 
-/// A leaf in a child table; `IsKey` for the key of its list. Calling it is the leaf's thunk.
-template <bool IsKey, class Handler>
+/// A leaf in a child table. Calling it is the leaf's thunk.
+template <class Handler>
 struct LeafRow {
-    static constexpr bool is_key = IsKey;
+    static constexpr bool is_key = false;
 
     const char* tag;
     Place thunk;
@@ -85,10 +85,23 @@ struct LeafRow {
     }
 };
 
-template <bool IsKey, class Handler>
-constexpr LeafRow<IsKey, Handler> leaf_row(const char* tag, const Place& thunk, Handler handler)
+template <class Handler>
+constexpr LeafRow<Handler> leaf_row(const char* tag, const Place& thunk, Handler handler)
 {
     return {tag, thunk, handler};
+}
+
+/// The leaf that is its list's key, which is tested before its thunk runs.
+template <class Handler>
+struct KeyRow : LeafRow<Handler> {
+    static constexpr bool is_key = true;
+};
+
+/// The row of `leaf` as that of the list's key: list_key(YMAP_LEAF("name", ...)).
+template <class Handler>
+constexpr KeyRow<Handler> list_key(const LeafRow<Handler>& leaf)
+{
+    return {leaf};
 }
 
 /// A container or list in a child table.
@@ -386,12 +399,14 @@ template <class Schema, class Self, class... Rows>
 // behind it, and stands inside extern "C". A STEM is a node's level letter and stem, such as
 // lvla_interfaces_interface.
 
+// One name out of A and B, one text out of a name. The outer macro of each pair has the names of
+// macros among its arguments, such as YMAP_MODEL, replaced by what they stand for.
 #define YMAP_PASTE_(A, B)  A##B
 #define YMAP_PASTE(A, B)   YMAP_PASTE_(A, B)
-#define YMAP_STRING_(TEXT) #TEXT
-#define YMAP_STRING(TEXT)  YMAP_STRING_(TEXT)
+#define YMAP_STRING_(NAME) #NAME
+#define YMAP_STRING(NAME)  YMAP_STRING_(NAME)
 
-/// Gives the exported function NAME of type TYPE, which another source defines.
+/// A callable that gives the exported function NAME of type TYPE, which another source defines.
 #define YMAP_EXTERN(TYPE, NAME)                                                                    \
     [] {                                                                                           \
         TYPE NAME;                                                                                 \
@@ -409,23 +424,31 @@ template <class Schema, class Self, class... Rows>
     YMAP_EXPORT OzkMapFunction NAME;                                                               \
     uint32_t NAME(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree)
 
-/// What the walker of the container STEM knows of its node.
+/// What the walker of the container STEM knows of its node, in model ymap_x_:
+///
+///     YMAP_CONTAINER(lvla_a_b)
+///
+/// makes a Container of this place, the handler ymap_x_cont_lvla_a_b and the augment hook
+/// ymap_x_lvla_a_b_parse_augments.
 #define YMAP_CONTAINER(STEM)                                                                       \
     container_node({__func__, __LINE__},                                                           \
                    YMAP_EXTERN(OzkMapContainerFunction, YMAP_PASTE(YMAP_MODEL, cont_##STEM)),      \
                    YMAP_EXTERN(OzkMapFunction, YMAP_PASTE(YMAP_MODEL, STEM##_parse_augments)))
-/// What the walker of the list STEM knows of its node; PATH is the list's schema path.
+/// The same for the list STEM, whose handler is ymap_x_list_lvla_a_b; PATH is its schema path.
 #define YMAP_LIST(STEM, PATH)                                                                      \
     list_node({__func__, __LINE__},                                                                \
               YMAP_EXTERN(OzkMapFunction, YMAP_PASTE(YMAP_MODEL, list_##STEM)),                    \
               YMAP_EXTERN(OzkMapFunction, YMAP_PASTE(YMAP_MODEL, STEM##_parse_augments)), PATH)
 
-/// Rows of a child table: a leaf, the leaf that is the list's key, a container or list.
-#define YMAP_LEAF_ROW(IS_KEY, TAG, STEM)                                                           \
-    leaf_row<IS_KEY>(TAG, {YMAP_STRING(YMAP_PASTE(YMAP_MODEL, STEM)), __LINE__},                   \
-                     YMAP_EXTERN(OzkMapFunction, YMAP_PASTE(YMAP_MODEL, leaf_##STEM)))
-#define YMAP_LEAF(TAG, STEM)  YMAP_LEAF_ROW(false, TAG, STEM)
-#define YMAP_KEY(TAG, STEM)   YMAP_LEAF_ROW(true, TAG, STEM)
+/// A row of a child table, for the leaf STEM with the tag TAG, in model ymap_x_:
+///
+///     YMAP_LEAF("c", lvla_a_b_c)
+///
+/// makes a LeafRow whose thunk traces as ymap_x_lvla_a_b_c and calls ymap_x_leaf_lvla_a_b_c.
+#define YMAP_LEAF(TAG, STEM)                                                                       \
+    leaf_row(TAG, {YMAP_STRING(YMAP_PASTE(YMAP_MODEL, STEM)), __LINE__},                           \
+             YMAP_EXTERN(OzkMapFunction, YMAP_PASTE(YMAP_MODEL, leaf_##STEM)))
+/// The row of a container or list, which calls the walker ymap_x_lvla_a_b of this source.
 #define YMAP_CHILD(TAG, STEM) child_row(TAG, YMAP_PASTE(YMAP_MODEL, STEM))
 
 #endif
