@@ -25,11 +25,11 @@ class GuardedNodes {
 public:
     GuardedNodes() = default;
     ~GuardedNodes();
-    GuardedNodes(const GuardedNodes&) = delete;
+    GuardedNodes(const GuardedNodes&)            = delete;
     GuardedNodes& operator=(const GuardedNodes&) = delete;
 
     static constexpr uint32_t max_count = 70;
-    static constexpr size_t max_arrays = 1024;
+    static constexpr size_t max_arrays  = 1024;
 
     /// An array of `count` zeroed nodes, at most max_count; null if there is no more room.
     OzkMapNode* make(uint32_t count);

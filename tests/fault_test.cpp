@@ -21,19 +21,6 @@ struct FaultCase {
     Ops fallible; ///< calls that the walk reaches and that can fail
 };
 
-const schema::Model& model_of(const Root& root)
-{
-    for (const schema::Model& model : schema::models())
-        if (model.ns_uri == root.ns_uri)
-            return model;
-    throw std::logic_error("no model for a root");
-}
-
-const schema::Node& node_of(const Root& root)
-{
-    return schema::find(model_of(root), std::string("/") + root.tag);
-}
-
 CheckedCase made(const FaultCase& row, uint32_t op_code)
 {
     return {model_of(row.root), node_of(row.root), op_code, node(row.root.tag, row.children)};
@@ -55,12 +42,13 @@ std::vector<FaultCase> fault_cases()
     const std::set<uint32_t> reads{MAP_OP_GET, MAP_OP_GET_CONFIG};
     const std::set<uint32_t> writes{MAP_OP_EDIT, other_operation};
     const std::set<uint32_t> all{MAP_OP_GET, MAP_OP_GET_CONFIG, MAP_OP_EDIT, other_operation};
-    const auto acl = [] { return in_ns(node("acl"), NS_IETF_INTERFACES_ACL_EXT); };
+    const auto acl    = [] { return in_ns(node("acl"), NS_IETF_INTERFACES_ACL_EXT); };
     const auto filter = [](const char* tag) { return in_ns(node(tag), NS_NQ_IP_PFILTER_CFG); };
     const std::vector<DataNode> native_entry{
-        leaf("interface-name", "a"), leaf("description", "b"), leaf("shutdown", "c"),
-        node("mtus", {node("mtu", {leaf("owner", "d")})}), filter("ipv6-packet-filter"),
-        filter("es-packet-filter"), filter("ipv4-packet-filter")};
+        leaf("interface-name", "a"),  leaf("description", "b"),
+        leaf("shutdown", "c"),        node("mtus", {node("mtu", {leaf("owner", "d")})}),
+        filter("ipv6-packet-filter"), filter("es-packet-filter"),
+        filter("ipv4-packet-filter")};
     const std::vector<DataNode> operational{
         node("interface-nq",
              {node("interface",
@@ -74,6 +62,7 @@ std::vector<FaultCase> fault_cases()
         at_position(1, node("interface", {leaf("name", "a"), leaf("description", "b"),
                                           leaf("enabled", "c"), acl()})),
         at_position(2, node("interface", {leaf("name", "d"), leaf("enabled", "e")}))};
+    // clang-format off
     return {
         {"ietf, all", ietf_configuration, reads, {}, {add_path, update_list, sibling}},
         {"ietf, entries", ietf_configuration, all, ietf_entries, {add_path, update_list, sibling}},
@@ -110,6 +99,7 @@ std::vector<FaultCase> fault_cases()
         {"operational, out of reach", native_operational,
          {MAP_OP_GET_CONFIG, MAP_OP_EDIT, other_operation}, operational, {}},
     };
+    // clang-format on
 }
 
 TEST(Fault, EachCallThatCanFailInTurn)
@@ -122,8 +112,8 @@ TEST(Fault, EachCallThatCanFailInTurn)
                 reached.insert(op);
                 for (size_t k = 1; k <= count; ++k)
                     for (const uint32_t status : {framework_failure, uint32_t{MAP_NOT_MAPPED}}) {
-                        CheckedCase walked = made(row, op_code);
-                        walked.input.answers[{op, k}] = status;
+                        CheckedCase walked                   = made(row, op_code);
+                        walked.input.answers[{op, k}]        = status;
                         const std::vector<std::string> wrong = violations(walked);
                         EXPECT_TRUE(wrong.empty())
                             << row.name << " on " << op_code << ", " << name_of(op) << " " << k
@@ -137,6 +127,7 @@ TEST(Fault, EachCallThatCanFailInTurn)
 // The model of the walk that the other tests trust, held against what the rules say in words.
 TEST(Fault, WhatAFailureCosts)
 {
+    // clang-format off
     const struct {
         const char* name;
         const Root& root;
@@ -169,6 +160,7 @@ TEST(Fault, WhatAFailureCosts)
         {"a tag that can't be copied leaves the status", ietf_configuration, MAP_OP_GET,
          {node("unknown")}, copy_text, 1, MAP_ERR_UNSUPPORTED_TAG, 0},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         Walk walk(c.root, c.op_code, c.children);

@@ -49,42 +49,42 @@ std::string shown(const std::vector<DataNode>& nodes)
 
 struct EditCase {
     const char* name;
-    uint32_t    op_code;
-    Edit        by_default, on_parent, on_child;
-    bool        parent_added, parent_deleted, child_added, child_deleted;
+    uint32_t op_code;
+    Edit by_default, on_parent, on_child;
+    bool parent_added, parent_deleted, child_added, child_deleted;
 };
 
-class EditTest : public testing::TestWithParam<EditCase> {};
+// clang-format off
+const EditCase edit_cases[] = {
+    // name, operation code; edit by default, of parent, of child; add and delete of both
+    {"DefaultMerge", MAP_OP_EDIT, merge, none, none, true, false, true, false},
+    {"DefaultNone", MAP_OP_EDIT, none, none, none, false, false, false, false},
+    {"CreateBelowNone", MAP_OP_EDIT, none, none, create, false, false, true, false},
+    {"CreateIsInherited", MAP_OP_EDIT, none, create, none, true, false, true, false},
+    {"DeleteStandsAlone", MAP_OP_EDIT, merge, erase, none, false, true, false, false},
+    {"RemoveOfALeaf", MAP_OP_EDIT, merge, none, remove, true, false, false, true},
+    {"NearestWins", MAP_OP_EDIT, merge, erase, replace, false, true, true, false},
+    {"NoEditNoAnswer", MAP_OP_GET, merge, erase, create, false, false, false, false},
+};
+// clang-format on
 
-TEST_P(EditTest, AddAndDelete)
+TEST(EditTest, AddAndDelete)
 {
-    const EditCase& row = GetParam();
-    const InputTree tree(data("parent", row.on_parent, {data("child", row.on_child)}),
-                         row.by_default);
-    const OzkMapNode& parent = tree.root();
-    const OzkMapNode& child  = parent.subtrees[0];
-    ozk::Run         run(row.op_code);
-    run.call([&] {
-        EXPECT_EQ(ozk_map_is_request_add(&parent) != 0, row.parent_added);
-        EXPECT_EQ(ozk_map_is_request_delete(&parent) != 0, row.parent_deleted);
-        EXPECT_EQ(ozk_map_is_request_add(&child) != 0, row.child_added);
-        EXPECT_EQ(ozk_map_is_request_delete(&child) != 0, row.child_deleted);
-    });
+    for (const EditCase& row : edit_cases) {
+        SCOPED_TRACE(row.name);
+        const InputTree tree(data("parent", row.on_parent, {data("child", row.on_child)}),
+                             row.by_default);
+        const OzkMapNode& parent = tree.root();
+        const OzkMapNode& child  = parent.subtrees[0];
+        ozk::Run run(row.op_code);
+        run.call([&] {
+            EXPECT_EQ(ozk_map_is_request_add(&parent) != 0, row.parent_added);
+            EXPECT_EQ(ozk_map_is_request_delete(&parent) != 0, row.parent_deleted);
+            EXPECT_EQ(ozk_map_is_request_add(&child) != 0, row.child_added);
+            EXPECT_EQ(ozk_map_is_request_delete(&child) != 0, row.child_deleted);
+        });
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Edits, EditTest,
-    testing::Values(
-        // name, operation code; edit by default, of parent, of child; add and delete of both
-        EditCase{"DefaultMerge", MAP_OP_EDIT, merge, none, none, true, false, true, false},
-        EditCase{"DefaultNone", MAP_OP_EDIT, none, none, none, false, false, false, false},
-        EditCase{"CreateBelowNone", MAP_OP_EDIT, none, none, create, false, false, true, false},
-        EditCase{"CreateIsInherited", MAP_OP_EDIT, none, create, none, true, false, true, false},
-        EditCase{"DeleteStandsAlone", MAP_OP_EDIT, merge, erase, none, false, true, false, false},
-        EditCase{"RemoveOfALeaf", MAP_OP_EDIT, merge, none, remove, true, false, false, true},
-        EditCase{"NearestWins", MAP_OP_EDIT, merge, erase, replace, false, true, true, false},
-        EditCase{"NoEditNoAnswer", MAP_OP_GET, merge, erase, create, false, false, false, false}),
-    [](const auto& row) { return row.param.name; });
 
 TEST(InputTree, RecordsSayWhatTheDataSays)
 {
@@ -114,59 +114,60 @@ TEST(InputTree, RecordsSayWhatTheDataSays)
 struct Added {
     const char* path;
     const char* value;
-    uint32_t    is_list;
+    uint32_t is_list;
     const char* ns_uri = ns;
 };
 
 struct OutputCase {
-    const char*        name;
+    const char* name;
     std::vector<Added> paths;
-    const char*        tree;
+    const char* tree;
 };
 
-class OutputTest : public testing::TestWithParam<OutputCase> {};
+// clang-format off
+const OutputCase output_cases[] = {
+    {"EntriesTakeWhatFollows",
+               {{"/r/e", nullptr, 1}, {"/r/e/k", "1", 0}, {"/r/e/c/x", "x", 0},
+                {"/r/e", nullptr, 1}, {"/r/e/k", "2", 0}, {"/r/e/c/x", "y", 0}},
+               "r(e(k=1 c(x=x)) e(k=2 c(x=y)))"},
+    {"NestedListsStartAfresh",
+               {{"/r/e", nullptr, 1}, {"/r/e/n", nullptr, 1}, {"/r/e/n/k", "a", 0},
+                {"/r/e/n", nullptr, 1}, {"/r/e/n/k", "b", 0},
+                {"/r/e", nullptr, 1}, {"/r/e/n/k", "c", 0}},
+               "r(e(n(k=a) n(k=b)) e(n(k=c)))"},
+    {"LeafTwiceIsOne",
+               {{"/r/k", "1", 0}, {"/r/k", "2", 0}, {"/r/k", nullptr, 0}}, "r(k=2)"},
+    {"LeafBesideEntries",
+               {{"/r/leaf", "1", 0}, {"/r/e", nullptr, 1}, {"/r/leaf", "2", 0},
+                {"/r/e/k", "3", 0}},
+               "r(leaf=2 e(k=3))"},
+    {"PrefixOfATagIsAnother", {{"/r/in", "1", 0}, {"/r/in-x", "2", 0}},
+               "r(in=1 in-x=2)"},
+    {"RootsByNamespace",
+               {{"/r/a", "1", 0}, {"/r/b", "2", 0, ns_other}, {"/r/c", "3", 0}},
+               "r(a=1 c=3) r(b=2)"},
+};
+// clang-format on
 
-TEST_P(OutputTest, IsBuiltFromPaths)
+TEST(OutputTest, IsBuiltFromPaths)
 {
-    ozk::Run run(MAP_OP_GET);
-    for (const Added& each : GetParam().paths)
-        EXPECT_EQ(add(run, each.path, each.value, each.is_list, nullptr, each.ns_uri), MAP_OK);
-    EXPECT_EQ(shown(build_data_tree(run.added())), GetParam().tree);
-    EXPECT_TRUE(run.faults().empty());
+    for (const OutputCase& row : output_cases) {
+        SCOPED_TRACE(row.name);
+        ozk::Run run(MAP_OP_GET);
+        for (const Added& each : row.paths)
+            EXPECT_EQ(add(run, each.path, each.value, each.is_list, nullptr, each.ns_uri), MAP_OK);
+        EXPECT_EQ(shown(build_data_tree(run.added())), row.tree);
+        EXPECT_TRUE(run.faults().empty());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Trees, OutputTest,
-    testing::Values(
-        OutputCase{"EntriesTakeWhatFollows",
-                   {{"/r/e", nullptr, 1}, {"/r/e/k", "1", 0}, {"/r/e/c/x", "x", 0},
-                    {"/r/e", nullptr, 1}, {"/r/e/k", "2", 0}, {"/r/e/c/x", "y", 0}},
-                   "r(e(k=1 c(x=x)) e(k=2 c(x=y)))"},
-        OutputCase{"NestedListsStartAfresh",
-                   {{"/r/e", nullptr, 1}, {"/r/e/n", nullptr, 1}, {"/r/e/n/k", "a", 0},
-                    {"/r/e/n", nullptr, 1}, {"/r/e/n/k", "b", 0},
-                    {"/r/e", nullptr, 1}, {"/r/e/n/k", "c", 0}},
-                   "r(e(n(k=a) n(k=b)) e(n(k=c)))"},
-        OutputCase{"LeafTwiceIsOne",
-                   {{"/r/k", "1", 0}, {"/r/k", "2", 0}, {"/r/k", nullptr, 0}}, "r(k=2)"},
-        OutputCase{"LeafBesideEntries",
-                   {{"/r/leaf", "1", 0}, {"/r/e", nullptr, 1}, {"/r/leaf", "2", 0},
-                    {"/r/e/k", "3", 0}},
-                   "r(leaf=2 e(k=3))"},
-        OutputCase{"PrefixOfATagIsAnother", {{"/r/in", "1", 0}, {"/r/in-x", "2", 0}},
-                   "r(in=1 in-x=2)"},
-        OutputCase{"RootsByNamespace",
-                   {{"/r/a", "1", 0}, {"/r/b", "2", 0, ns_other}, {"/r/c", "3", 0}},
-                   "r(a=1 c=3) r(b=2)"}),
-    [](const auto& row) { return row.param.name; });
 
 TEST(OutputTree, KeepsTextsAndTheNodeReferredTo)
 {
     DataNode leaf = data("leaf", erase);
     leaf.line     = 5;
     const InputTree tree(data("root", merge, {leaf, data("inherits")}));
-    ozk::Run        run(MAP_OP_EDIT);
-    std::string     path = "/r/gone", value = "a value beyond small strings";
+    ozk::Run run(MAP_OP_EDIT);
+    std::string path = "/r/gone", value = "a value beyond small strings";
     add(run, path.c_str(), value.c_str(), 0, &tree.root().subtrees[0]);
     path = "/r/kept"; // the same address with another text
     add(run, path.c_str(), nullptr, 0, &tree.root().subtrees[1]);
@@ -203,83 +204,77 @@ struct FaultCase {
     void (*breach)(ozk::Run& run, ozk::Run& other, const OzkMapNode& node);
 };
 
-class FaultTest : public testing::TestWithParam<FaultCase> {};
-
-TEST_P(FaultTest, IsReportedOnce)
-{
-    const InputTree tree(data("node", none, {data("child")}));
-    ozk::Run        run(MAP_OP_EDIT), other(MAP_OP_EDIT);
-    run.call([&] { GetParam().breach(run, other, tree.root()); });
-    ASSERT_EQ(run.faults().size(), 1u);
-    EXPECT_NE(run.faults()[0].find(GetParam().fault), std::string::npos) << run.faults()[0];
-    EXPECT_TRUE(other.faults().empty());
-    EXPECT_TRUE(other.added().empty());
-}
-
 uint32_t add_raw(ozk::Run& run, OzkDataTree* tree, void* pointer, uint32_t is_list, uint32_t flag)
 {
     return ozk_map_datatree_add_path_flagged(run.ctx(), tree, "/r", ns, nullptr, nullptr, pointer,
                                              is_list, flag);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Breaches, FaultTest,
-    testing::Values(
-        FaultCase{"RemoveOfAnotherNode", "child is removed, but node was added last",
-                  [](auto& run, auto&, auto& node) {
-                      ozk_map_add_to_node_hierarchy(run.ctx(), &node, MAP_HIER_LIST);
-                      ozk_map_remove_from_node_hierarchy(run.ctx(), node.subtrees);
-                  }},
-        FaultCase{"WalkLeavesANode", "left 1 node",
-                  [](auto& run, auto&, auto& node) { run.walk(unbalanced, &node); }},
-        FaultCase{"WalkRemovesWhatItsCallerAdded", "none was added",
-                  [](auto& run, auto&, auto& node) {
-                      ozk_map_add_to_node_hierarchy(run.ctx(), &node, MAP_HIER_CONTAINER);
-                      run.walk(removes_too_much, &node);
-                  }},
-        FaultCase{"OffendingTagIsNoCopy", "no copy",
-                  [](auto& run, auto&, auto& node) { run.walk(leaves_own_tag, &node); }},
-        FaultCase{"ListPathOutsideAList", "no list entry",
-                  [](auto& run, auto&, auto& node) {
-                      ozk_map_add_to_node_hierarchy(run.ctx(), &node, MAP_HIER_CONTAINER);
-                      ozk_map_update_current_list_node(run.ctx(), "/r");
-                  }},
-        FaultCase{"ContextOfAnotherRun", "context of another run",
-                  [](auto&, auto& other, auto&) {
-                      ozk_debug_should_log(&other.ctx()->_debug_ctx, MAP_LOG_TRACE);
-                  }},
-        FaultCase{"TreeOfAnotherRun", "tree of another run",
-                  [](auto& run, auto& other, auto&) {
-                      EXPECT_NE(add_raw(run, other.tree(), nullptr, 0, 0), MAP_OK);
-                  }},
-        FaultCase{"ReservedPointer", "reserved_ptr",
-                  [](auto& run, auto&, auto&) { add_raw(run, run.tree(), &run, 0, 0); }},
-        FaultCase{"IsList", "is_list",
-                  [](auto& run, auto&, auto&) { add_raw(run, run.tree(), nullptr, 2, 0); }},
-        FaultCase{"ReservedFlag", "reserved_flag",
-                  [](auto& run, auto&, auto&) { add_raw(run, run.tree(), nullptr, 0, 1); }},
-        FaultCase{"NullPath", "null path", [](auto& run, auto&, auto&) { add(run, nullptr); }},
-        FaultCase{"MemoryTag", "memory tag", [](auto&, auto&, auto&) { ozk_strdup("x", "MAP"); }},
-        FaultCase{"TraceOptions", "trace options",
-                  [](auto& run, auto&, auto&) { _lstrace(run.ctx()->trace_buffer, 0, "line"); }},
-        FaultCase{"LogHandle", "log handle",
-                  [](auto& run, auto&, auto&) {
-                      uint32_t word = 0;
-                      _tlm_dt_log_filter_adv(run.ctx()->trace_buffer, 0, 0, 0, 0, 0, &word, "x");
-                  }},
-        FaultCase{"ThrowingListener", "thrown",
-                  [](auto& run, auto&, auto&) {
-                      run.on_call([](auto&, auto&) { throw std::runtime_error("thrown"); });
-                      EXPECT_NE(add(run, "/r"), MAP_OK);
-                  }}),
-    [](const auto& row) { return row.param.name; });
+// clang-format off
+const FaultCase fault_cases[] = {
+    {"RemoveOfAnotherNode", "child is removed, but node was added last",
+     [](auto& run, auto&, auto& node) {
+         ozk_map_add_to_node_hierarchy(run.ctx(), &node, MAP_HIER_LIST);
+         ozk_map_remove_from_node_hierarchy(run.ctx(), node.subtrees);
+     }},
+    {"WalkLeavesANode", "left 1 node",
+     [](auto& run, auto&, auto& node) { run.walk(unbalanced, &node); }},
+    {"WalkRemovesWhatItsCallerAdded", "none was added", [](auto& run, auto&, auto& node) {
+         ozk_map_add_to_node_hierarchy(run.ctx(), &node, MAP_HIER_CONTAINER);
+         run.walk(removes_too_much, &node);
+     }},
+    {"OffendingTagIsNoCopy", "no copy",
+     [](auto& run, auto&, auto& node) { run.walk(leaves_own_tag, &node); }},
+    {"ListPathOutsideAList", "no list entry", [](auto& run, auto&, auto& node) {
+         ozk_map_add_to_node_hierarchy(run.ctx(), &node, MAP_HIER_CONTAINER);
+         ozk_map_update_current_list_node(run.ctx(), "/r");
+     }},
+    {"ContextOfAnotherRun", "context of another run", [](auto&, auto& other, auto&) {
+         ozk_debug_should_log(&other.ctx()->_debug_ctx, MAP_LOG_TRACE);
+     }},
+    {"TreeOfAnotherRun", "tree of another run", [](auto& run, auto& other, auto&) {
+         EXPECT_NE(add_raw(run, other.tree(), nullptr, 0, 0), MAP_OK);
+     }},
+    {"ReservedPointer", "reserved_ptr",
+     [](auto& run, auto&, auto&) { add_raw(run, run.tree(), &run, 0, 0); }},
+    {"IsList", "is_list", [](auto& run, auto&, auto&) { add_raw(run, run.tree(), nullptr, 2, 0); }},
+    {"ReservedFlag", "reserved_flag",
+     [](auto& run, auto&, auto&) { add_raw(run, run.tree(), nullptr, 0, 1); }},
+    {"NullPath", "null path", [](auto& run, auto&, auto&) { add(run, nullptr); }},
+    {"MemoryTag", "memory tag", [](auto&, auto&, auto&) { ozk_strdup("x", "MAP"); }},
+    {"TraceOptions", "trace options",
+     [](auto& run, auto&, auto&) { _lstrace(run.ctx()->trace_buffer, 0, "line"); }},
+    {"LogHandle", "log handle", [](auto& run, auto&, auto&) {
+         uint32_t word = 0;
+         _tlm_dt_log_filter_adv(run.ctx()->trace_buffer, 0, 0, 0, 0, 0, &word, "x");
+     }},
+    {"ThrowingListener", "thrown", [](auto& run, auto&, auto&) {
+         run.on_call([](auto&, auto&) { throw std::runtime_error("thrown"); });
+         EXPECT_NE(add(run, "/r"), MAP_OK);
+     }},
+};
+// clang-format on
+
+TEST(FaultTest, IsReportedOnce)
+{
+    for (const FaultCase& row : fault_cases) {
+        SCOPED_TRACE(row.name);
+        const InputTree tree(data("node", none, {data("child")}));
+        ozk::Run run(MAP_OP_EDIT), other(MAP_OP_EDIT);
+        run.call([&] { row.breach(run, other, tree.root()); });
+        ASSERT_EQ(run.faults().size(), 1u);
+        EXPECT_NE(run.faults()[0].find(row.fault), std::string::npos) << run.faults()[0];
+        EXPECT_TRUE(other.faults().empty());
+        EXPECT_TRUE(other.added().empty());
+    }
+}
 
 // --- What a run shows, and how it answers
 
 TEST(Run, RecordsCallsInOrderWithResults)
 {
     const InputTree tree(data("node", create));
-    ozk::Run        run(MAP_OP_EDIT);
+    ozk::Run run(MAP_OP_EDIT);
     const OzkMapNode* node = &tree.root();
     run.call([&] {
         ozk_map_do_these_match("not", "recorded");
@@ -344,7 +339,7 @@ TEST(Run, ListenerTurnsSwitchesBeforeTheCall)
 uint32_t reports(OzkMapCtx* ctx, const OzkMapNode*, OzkDataTree*)
 {
     static constexpr ymap::LogText text = YMAP_TRACE_TEXT("Start");
-    static ymap::SiteWord          site;
+    static ymap::SiteWord site;
     ymap::log_point(ctx, text, {"reports", 1}, site);
     return MAP_OK;
 }
@@ -387,9 +382,9 @@ TEST(Run, LogGoesToItsStream)
 TEST(Run, OffendingTagIsTheRunsOwnCopyAndItsNodeIsFound)
 {
     // Two children of one tag; the one that was asked about is the one meant.
-    const InputTree   tree(data("node", none, {data("bad"), data("bad")}));
+    const InputTree tree(data("node", none, {data("bad"), data("bad")}));
     const OzkMapNode* asked = &tree.root().subtrees[1];
-    ozk::Run         run(MAP_OP_EDIT);
+    ozk::Run run(MAP_OP_EDIT);
     run.call([&] {
         ozk_map_add_to_node_hierarchy(run.ctx(), &tree.root(), MAP_HIER_CONTAINER);
         ozk_map_is_request_add(asked);

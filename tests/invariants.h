@@ -20,7 +20,6 @@ namespace test {
 ///   - the calls, the status, the tag or the position are not those that the rules give.
 std::vector<std::string> violations(const CheckedCase& walked);
 
-
 } // namespace test
 
 #endif

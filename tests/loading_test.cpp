@@ -39,8 +39,8 @@ private:
 ozk::DataNode node(const char* tag, const char* ns_uri, std::vector<ozk::DataNode> children = {})
 {
     ozk::DataNode made;
-    made.tag = tag;
-    made.ns_uri = ns_uri;
+    made.tag      = tag;
+    made.ns_uri   = ns_uri;
     made.children = std::move(children);
     return made;
 }

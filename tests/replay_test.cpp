@@ -1,63 +1,29 @@
 // Captured runs: the cases in tests/cases/, which any capture can be put into as it is; and that a
 // capture runs again as it was, that a difference shows, and that a malformed case is refused.
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "shell.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-using test::Printed;
-using test::run_ymap;
+using test::Outcome;
 
-std::string quoted(const fs::path& path)
-{
-    return "'" + path.string() + "' ";
-}
-
-/// A folder of its own for each test, removed behind it.
-class Replay : public testing::Test {
+class Replay : public test::InFolder {
 protected:
-    Replay() : folder(fs::temp_directory_path() / ("ymap_replay." + std::to_string(getpid())))
-    {
-        fs::create_directory(folder);
-    }
-    ~Replay() override { fs::remove_all(folder); }
-
-    fs::path write(const std::string& name, const std::string& text) const
-    {
-        std::ofstream(folder / name, std::ios::binary) << text;
-        return folder / name;
-    }
     /// The text of the case that a run of `ymap map` writes.
     std::string capture(const std::string& arguments) const
     {
-        const fs::path file = folder / "captured.case";
-        const Printed printed =
-            run_ymap("map --capture " + quoted(file) + arguments + " 2>&1 >/dev/null");
-        EXPECT_NE(printed.status, 2) << printed.text;
-        return test::read_file(file);
+        const Outcome outcome = run("map --capture captured.case " + arguments);
+        EXPECT_NE(outcome.status, 2) << outcome.err;
+        return test::read_file(folder / "captured.case");
     }
-    Printed replay(const std::string& text, const std::string& arguments = "") const
+    Outcome replay(const std::string& text, const std::string& arguments = "") const
     {
-        return run_ymap("replay " + arguments + quoted(write("replayed.case", text)) + "2>&1");
+        write("replayed.case", text);
+        return run("replay " + arguments + "replayed.case");
     }
-
-    fs::path folder;
 };
-
-std::string example(const char* name)
-{
-    return quoted(fs::path(YMAP_EXAMPLES) / name);
-}
 
 std::string replaced(std::string text, const std::string& from, const std::string& to)
 {
@@ -68,33 +34,28 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 
 TEST_F(Replay, EveryCaseOfTheFolder)
 {
-    std::string files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(YMAP_CASES))
-        files += quoted(entry.path());
-    ASSERT_FALSE(files.empty());
-    const Printed printed = run_ymap("replay " + files + "2>&1");
-    EXPECT_EQ(printed.status, 0) << printed.text;
+    const Outcome outcome = run("replay '" YMAP_CASES "'/*");
+    EXPECT_EQ(outcome.status, 0) << outcome.out << outcome.err;
 }
 
 TEST_F(Replay, RunsACaptureAgainAsItWas)
 {
-    const std::string cases[] = {
-        example("edit-create.xml"),
-        example("edit-with-type.xml"),
-        example("read-all.xml"),
-        "--op edit " + example("bare-edit.xml"),
-        "--op get --log error --depth-limit 9 --format json " + example("native-filters.xml"),
-        "--log trace --trace " + example("read-state-one.xml"),
-    };
-    for (const std::string& arguments : cases) {
-        const Printed printed = replay(capture(arguments));
-        EXPECT_EQ(printed.status, 0) << arguments << printed.text;
+    for (const std::string arguments : {
+             "examples/edit-create.xml",
+             "examples/edit-with-type.xml",
+             "examples/read-all.xml",
+             "--op edit examples/bare-edit.xml",
+             "--op get --log error --depth-limit 9 --format json examples/native-filters.xml",
+             "--log trace --trace examples/read-state-one.xml",
+         }) {
+        const Outcome outcome = replay(capture(arguments));
+        EXPECT_EQ(outcome.status, 0) << arguments << outcome.out;
     }
 }
 
 TEST_F(Replay, LeavesOutWhatChangesFromRunToRun)
 {
-    const std::string text = capture("--log trace --trace " + example("read-state-one.xml"));
+    const std::string text = capture("--log trace --trace examples/read-state-one.xml");
     EXPECT_NE(text.find("  _tlm_dt_log_filter_adv(error, ERR: OZK: ctx=*,Unsupported tag is "),
               text.npos);
     EXPECT_NE(text.find("  _lstrace(#1: TRC: ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate:* "
@@ -110,7 +71,8 @@ TEST_F(Replay, KeepsEachByteOfTheDocument)
     const std::string document =
         "<interfaces xmlns='urn:ietf:params:xml:ns:yang:ietf-interfaces'>\r\n\n<!--\ncalls:\n  \n"
         "\\ no newline at the end\n# -->\n<interface><name>\nb</name></interface></interfaces>";
-    const std::string text = capture("--op edit " + quoted(write("document.xml", document)));
+    write("document.xml", document);
+    const std::string text = capture("--op edit document.xml");
     EXPECT_NE(text.find("\n\n  <!--\n  calls:\n    \n  \\ no newline at the end\n  # -->\n"),
               text.npos);
     EXPECT_NE(text.find("</interfaces>\n\\ no newline at the end\ncalls:\n"), text.npos);
@@ -121,7 +83,7 @@ TEST_F(Replay, KeepsEachByteOfTheDocument)
 
 TEST_F(Replay, ShowsWhatIsDifferent)
 {
-    const std::string text = capture(example("edit-description.xml"));
+    const std::string text = capture("examples/edit-description.xml");
     const struct {
         const char* name;
         std::string from;
@@ -147,31 +109,29 @@ TEST_F(Replay, ShowsWhatIsDifferent)
          "    + nq-ifmgr-cfg:/container\n    + nq-ifmgr-cfg:/list\n"},
     };
     for (const auto& c : cases) {
-        const Printed printed = replay(replaced(text, c.from, c.to), c.arguments);
-        EXPECT_EQ(printed.status, 1) << c.name;
-        EXPECT_NE(printed.text.find(c.shown), std::string::npos) << c.name << "\n" << printed.text;
+        const Outcome outcome = replay(replaced(text, c.from, c.to), c.arguments);
+        EXPECT_EQ(outcome.status, 1) << c.name;
+        EXPECT_NE(outcome.out.find(c.shown), std::string::npos) << c.name << "\n" << outcome.out;
     }
 }
 
 // A recorded answer of the framework or of a sibling is given again.
 TEST_F(Replay, AnswersAsRecorded)
 {
-    const std::string text = capture(example("edit-acl.xml"));
-    const std::string list =
-        "_path_flagged(/interface-configurations/interface-configuration, "
-        "http://brelvik.example/ns/yang/Brelvik-NQ-ifmgr-cfg, -, -, 1) = ";
+    const std::string text = capture("examples/edit-acl.xml");
+    const std::string list = "_path_flagged(/interface-configurations/interface-configuration, "
+                             "http://brelvik.example/ns/yang/Brelvik-NQ-ifmgr-cfg, -, -, 1) = ";
     for (const std::string& call : {std::string(", ingress-acl) = "), list}) {
-        const Printed printed = replay(replaced(text, call + "0", call + "77"));
-        EXPECT_EQ(printed.status, 1);
-        EXPECT_NE(printed.text.find("    + if:/interfaces: status 77"), std::string::npos)
-            << printed.text;
-        EXPECT_EQ(printed.text.find("- " + call), std::string::npos) << printed.text;
+        const Outcome outcome = replay(replaced(text, call + "0", call + "77"));
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.out.find("    + if:/interfaces: status 77"), std::string::npos)
+            << outcome.out;
+        EXPECT_EQ(outcome.out.find("- " + call), std::string::npos) << outcome.out;
     }
 }
 
 TEST_F(Replay, RefusesAMalformedCase)
 {
-    const std::string file = (folder / "replayed.case").string();
     const std::string good = "ymap case 1\nop: get\ndocument:\n"
                              "  <interfaces xmlns=\"urn:ietf:params:xml:ns:yang:ietf-interfaces\"/>"
                              "\ncalls:\noutput:\nstatus:\n";
@@ -200,40 +160,42 @@ TEST_F(Replay, RefusesAMalformedCase)
          ", document:1: a bare data tree: say with --op get, get-config or edit what to do with "},
     };
     for (const auto& c : cases) {
-        const Printed printed = replay(c.text);
-        EXPECT_EQ(printed.status, 2) << c.name;
-        EXPECT_TRUE(printed.text.starts_with(file + c.message)) << c.name << "\n" << printed.text;
-        EXPECT_EQ(std::ranges::count(printed.text, '\n'), 1) << c.name << "\n" << printed.text;
+        const Outcome outcome = replay(c.text);
+        EXPECT_EQ(outcome.status, 2) << c.name;
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_TRUE(outcome.err.starts_with("replayed.case" + c.message)) << outcome.err;
+        test::expect_one_line(outcome.err);
     }
     // Nothing runs before all cases are known to be sound.
-    const Printed two = run_ymap("replay " + quoted(write("good.case", good)) +
-                                 quoted(write("replayed.case", "")) + "2>/dev/null");
+    write("good.case", good);
+    write("empty.case", "");
+    const Outcome two = run("replay good.case empty.case");
     EXPECT_EQ(two.status, 2);
-    EXPECT_EQ(two.text, "");
+    EXPECT_EQ(two.out, "");
 }
 
 TEST_F(Replay, CaptureRefusesWhatItCannotWrite)
 {
-    const std::string own = quoted(write("own.xml", "<rpc/>"));
+    write("own.xml", "<rpc/>");
     const struct {
         const char* name;
         std::string arguments;
         std::string message;
     } cases[] = {
-        {"two documents", "--capture x.case " + example("read-one.xml") + example("read-all.xml"),
+        {"two documents", "--capture x.case examples/read-one.xml examples/read-all.xml",
          "ymap: --capture takes one document\n"},
-        {"siblings", "--capture x.case --siblings none " + example("read-one.xml"),
+        {"siblings", "--capture x.case --siblings none examples/read-one.xml",
          "ymap: --capture sees the calls of the stand-in siblings only: it doesn't go with "
          "--siblings\n"},
-        {"its own document", "--capture " + own + own,
+        {"its own document", "--capture own.xml own.xml",
          "own.xml: the case file is the document itself\n"},
-        {"no such folder", "--capture /no/such/x.case " + example("read-one.xml"),
+        {"no such folder", "--capture /no/such/x.case examples/read-one.xml",
          "/no/such/x.case: cannot write: No such file or directory\n"},
     };
     for (const auto& c : cases) {
-        const Printed printed = run_ymap("map " + c.arguments + " 2>&1 >/dev/null");
-        EXPECT_EQ(printed.status, 2) << c.name;
-        EXPECT_TRUE(printed.text.ends_with(c.message)) << c.name << "\n" << printed.text;
+        const Outcome outcome = run("map " + c.arguments);
+        EXPECT_EQ(outcome.status, 2) << c.name;
+        EXPECT_TRUE(outcome.err.ends_with(c.message)) << c.name << "\n" << outcome.err;
     }
 }
 

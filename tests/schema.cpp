@@ -47,14 +47,14 @@ void give_names(Node& node, std::vector<std::string>& above, const std::string& 
                 std::map<std::string, char>& letters)
 {
     const std::string own = without_hyphens(node.tag);
-    std::string stem = own;
+    std::string stem      = own;
     if (above.size() > 1)
         stem = above.back() + "_" + stem;
     if (!above.empty())
         stem = above.front() + "_" + stem;
     const char letter = letters.try_emplace(stem, 'a').first->second++;
-    node.prefix = prefix;
-    node.stem = std::string("lvl") + letter + "_" + stem;
+    node.prefix       = prefix;
+    node.stem         = std::string("lvl") + letter + "_" + stem;
     above.push_back(own);
     for (Node& child : node.children)
         give_names(child, above, prefix, letters);

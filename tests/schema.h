@@ -15,16 +15,16 @@ struct Node {
     std::string tag;
     Kind kind = Kind::leaf;
     std::string path; ///< schema path
-    bool manual_leaf = false;
-    bool when_hook = false;
+    bool manual_leaf         = false;
+    bool when_hook           = false;
     bool manual_augment_hook = false;
-    bool manual_handler = false;
+    bool manual_handler      = false;
     std::string prefix; ///< "ymap_iq_ietf_if_ietfinterfaces_" and so on
     std::string stem;   ///< letter and stem: "lvla_interfaces_interface"
     std::vector<Node> children;
 
     std::string walker() const { return prefix + stem; } ///< of a leaf: the thunk
-    std::string handler() const; ///< the plain name
+    std::string handler() const;                         ///< the plain name
     std::string augment_hook() const { return walker() + "_parse_augments"; }
 };
 

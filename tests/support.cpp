@@ -43,30 +43,23 @@ std::string line_of(const ozk::Call& call)
                (call.kind == MAP_HIER_CONTAINER ? " container"
                 : call.kind == MAP_HIER_LIST    ? " list"
                                                 : " ?");
-    case ozk::Op::hierarchy_remove:
-        return "pop " + tag_of(call.node);
-    case ozk::Op::update_list:
-        return "list " + shown(call.text_1);
+    case ozk::Op::hierarchy_remove: return "pop " + tag_of(call.node);
+    case ozk::Op::update_list: return "list " + shown(call.text_1);
     case ozk::Op::match:
         return call.result == 0 ? "" : "match " + shown(call.text_1) + " " + shown(call.text_2);
-    case ozk::Op::is_request_add:
-        return "add? " + tag_of(call.node) + answer;
-    case ozk::Op::is_request_delete:
-        return "delete? " + tag_of(call.node) + answer;
+    case ozk::Op::is_request_add: return "add? " + tag_of(call.node) + answer;
+    case ozk::Op::is_request_delete: return "delete? " + tag_of(call.node) + answer;
     case ozk::Op::add_path:
         return "add " + shown(call.text_1) + (call.kind == 1 ? " list" : "") +
                (call.value == nullptr ? "" : " = " + shown(call.value)) +
                (call.node == nullptr ? "" : " ref " + tag_of(call.node));
-    case ozk::Op::copy_text:
-        return "copy " + shown(call.text_1);
-    case ozk::Op::sibling:
-        return "sibling " + shown(call.text_1) + " " + tag_of(call.node);
+    case ozk::Op::copy_text: return "copy " + shown(call.text_1);
+    case ozk::Op::sibling: return "sibling " + shown(call.text_1) + " " + tag_of(call.node);
     case ozk::Op::log: // the formats themselves are the business of the tests of tracing
         return call.line.substr(0, 3) + " " + call.line.substr(call.line.find(',') + 1);
     case ozk::Op::should_log:
     case ozk::Op::trace_index:
-    case ozk::Op::trace:
-        return "";
+    case ozk::Op::trace: return "";
     }
     return "";
 }
@@ -83,9 +76,8 @@ const Root ietf_configuration{"interfaces", NS_IETF_INTERFACES, NS_NQ_IFMGR_CFG,
                               ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces};
 const Root ietf_state{"interfaces-state", NS_IETF_INTERFACES, NS_NQ_PFI_IM_CMD_OPER,
                       ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate};
-const Root native_configuration{
-    "interface-configurations", NS_NQ_IFMGR_CFG, NS_IETF_INTERFACES,
-    ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations};
+const Root native_configuration{"interface-configurations", NS_NQ_IFMGR_CFG, NS_IETF_INTERFACES,
+                                ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations};
 const Root native_global{"global-interface-configuration", NS_NQ_IFMGR_CFG, NS_IETF_INTERFACES,
                          ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration};
 const Root native_operational{"interfaces", NS_NQ_PFI_IM_CMD_OPER, NS_IETF_INTERFACES,
@@ -96,7 +88,7 @@ const Root* const all_roots[5] = {&ietf_configuration, &ietf_state, &native_conf
 DataNode node(const char* tag, std::vector<DataNode> children)
 {
     DataNode made;
-    made.tag = tag;
+    made.tag      = tag;
     made.children = std::move(children);
     return made;
 }
@@ -104,7 +96,7 @@ DataNode node(const char* tag, std::vector<DataNode> children)
 DataNode leaf(const char* tag, const char* value)
 {
     DataNode made = node(tag);
-    made.value = value;
+    made.value    = value;
     return made;
 }
 
@@ -130,6 +122,29 @@ DataNode at_position(uint32_t position, DataNode node)
 {
     node.position = position;
     return node;
+}
+
+const schema::Model& model_of(const Root& root)
+{
+    return *std::ranges::find(schema::models(), root.ns_uri, &schema::Model::ns_uri);
+}
+
+const schema::Node& node_of(const Root& root)
+{
+    return schema::find(model_of(root), std::string("/") + root.tag);
+}
+
+DataNode whole(const schema::Node& described, const char* ns_uri)
+{
+    DataNode made = in_ns(node(described.tag.c_str()), ns_uri);
+    if (described.kind == schema::Kind::leaf) {
+        made.value = described.path;
+        return made;
+    }
+    for (const schema::Node& child : described.children)
+        made.children.push_back(whole(child, ns_uri));
+    made.children.push_back(in_ns(node("no-such-tag"), ns_uri));
+    return made;
 }
 
 Walk::Walk(const Root& walked, uint32_t op_code, std::vector<DataNode> children)
@@ -163,18 +178,6 @@ std::vector<std::string> Walk::script(std::vector<std::string_view> words) const
         });
     });
     return lines;
-}
-
-std::vector<std::string> Walk::compared() const
-{
-    std::vector<std::string> texts;
-    for (const ozk::Call& call : run.calls())
-        if (call.op == ozk::Op::match) {
-            const bool is_namespace = std::string_view(shown(call.text_1)).find(':') !=
-                                      std::string_view::npos;
-            texts.push_back(shown(is_namespace ? call.text_1 : call.text_2));
-        }
-    return texts;
 }
 
 std::string Walk::offending_tag() const

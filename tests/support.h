@@ -7,6 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +18,7 @@
 
 #include "data_tree.h"
 #include "run.h"
+#include "schema.h"
 #include "ymap_ietf_if.h"
 
 namespace test {
@@ -25,7 +29,9 @@ using ozk::Edit;
 /// The status with which a test lets the framework fail.
 inline constexpr uint32_t framework_failure = 0xbad;
 /// An operation code that no source knows.
-inline constexpr uint32_t other_operation = 2;
+inline constexpr uint32_t other_operation  = 2;
+inline constexpr uint32_t all_operations[] = {MAP_OP_GET_CONFIG, MAP_OP_EDIT, MAP_OP_GET,
+                                              other_operation};
 /// A namespace of no model.
 inline constexpr char foreign_ns[] = "urn:example:foreign";
 
@@ -52,6 +58,13 @@ extern const Root native_global;
 extern const Root native_operational;
 extern const Root* const all_roots[5];
 
+const schema::Model& model_of(const Root& root);
+const schema::Node& node_of(const Root& root);
+
+/// A tree of the node and all below it, each once; a leaf's value is its path. The last child of
+/// each of its other nodes has a tag that no table has.
+DataNode whole(const schema::Node& described, const char* ns_uri);
+
 /// One walk of a tree: everything that a test may set before go() and look at after it.
 class Walk {
 public:
@@ -70,8 +83,6 @@ public:
     std::vector<std::string> script() const;
     /// The lines of script() that begin with one of the words.
     std::vector<std::string> script(std::vector<std::string_view> words) const;
-    /// The texts that the walk compared with, in order: literals of tags, and namespaces.
-    std::vector<std::string> compared() const;
     std::string offending_tag() const; ///< "-" if none
 
     ozk::InputTree input;
@@ -87,6 +98,14 @@ Function* map_function(const std::string& name)
 {
     void* find_map_function(const std::string&);
     return reinterpret_cast<Function*>(find_map_function(name));
+}
+
+/// The whole file; a test fails if it can't be read.
+inline std::string read_file(const std::filesystem::path& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    EXPECT_TRUE(in) << path;
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 /// Lets the sibling libraries report to, and be answered by, the run that is going on.

@@ -6,7 +6,6 @@
 #include <barrier>
 #include <thread>
 
-#include "schema.h"
 #include "support.h"
 
 namespace test {
@@ -25,31 +24,17 @@ struct SharedInput {
     ozk::InputTree tree;
 };
 
-/// Every node once. Leaves of the client's model that end a loop are left out.
-DataNode whole(const schema::Node& described, const std::string& ns_uri)
-{
-    DataNode made = in_ns(node(described.tag.c_str()), ns_uri.c_str());
-    made.value = described.path;
-    for (const schema::Node& child : described.children)
-        if (child.tag != "type" || ns_uri != NS_IETF_INTERFACES)
-            made.children.push_back(whole(child, ns_uri));
-    return made;
-}
-
 std::vector<SharedInput> inputs()
 {
     std::vector<SharedInput> all;
-    for (const Root* root : all_roots)
-        for (const schema::Model& model : schema::models())
-            if (model.ns_uri == root->ns_uri) {
-                DataNode tree = whole(schema::find(model, std::string("/") + root->tag),
-                                      model.ns_uri);
-                tree.children.push_back(in_ns(node("x"), foreign_ns));
-                for (const uint32_t op : {MAP_OP_GET, MAP_OP_EDIT})
-                    all.push_back({root, op, ozk::InputTree(tree)});
-                tree.children.clear();
-                all.push_back({root, MAP_OP_GET, ozk::InputTree(tree)});
-            }
+    for (const Root* root : all_roots) {
+        DataNode tree = whole(node_of(*root), root->ns_uri);
+        tree.children.push_back(in_ns(node("x"), foreign_ns));
+        for (const uint32_t op : {MAP_OP_GET, MAP_OP_EDIT})
+            all.push_back({root, op, ozk::InputTree(tree)});
+        tree.children.clear();
+        all.push_back({root, MAP_OP_GET, ozk::InputTree(tree)});
+    }
     return all;
 }
 
@@ -77,7 +62,7 @@ TEST(Threads, EightContextsSideBySide)
 {
     connect_siblings();
     const std::vector<SharedInput> shared = inputs();
-    const std::string alone = walk_all(shared);
+    const std::string alone               = walk_all(shared);
 
     std::array<int, threads> different{};
     std::barrier start(threads);

@@ -13,13 +13,14 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// A walk that passes every kind of function of both directions.
+/// Walks that pass every kind of function of both directions, with everything reported.
 std::vector<std::unique_ptr<Walk>> walks()
 {
     std::vector<std::unique_ptr<Walk>> all;
     const auto add = [&](const Root& root, uint32_t op, std::vector<DataNode> children) {
         all.push_back(std::make_unique<Walk>(root, op, std::move(children)));
-        all.back()->run.set_level(MAP_LOG_ERROR, false);
+        all.back()->run.set_level(MAP_LOG_TRACE, true);
+        all.back()->run.set_trace(true);
     };
     add(ietf_configuration, MAP_OP_GET, {});
     add(ietf_configuration, MAP_OP_EDIT, {node("interface", {leaf("name", "a"), node("x")})});
@@ -36,8 +37,8 @@ std::vector<std::unique_ptr<Walk>> walks()
               {leaf("interface-name", "a"), in_ns(node("es-packet-filter"), NS_NQ_IP_PFILTER_CFG),
                node("unknown")})});
     add(native_operational, MAP_OP_GET,
-        {node("interface-nq", {node("interface", {node("interface-statistics"),
-                                                  leaf("bandwidth", "1")})}),
+        {node("interface-nq",
+              {node("interface", {node("interface-statistics"), leaf("bandwidth", "1")})}),
          node("interfaces", {node("interface")})});
     return all;
 }
@@ -51,46 +52,16 @@ std::vector<const ozk::Call*> of(const Walk& walk, ozk::Op op)
     return calls;
 }
 
-TEST(Tracing, SwitchesAreIndependent)
-{
-    for (const bool levels : {false, true})
-        for (const bool trace : {false, true})
-            for (const auto& walk : walks()) {
-                walk->run.set_level(MAP_LOG_ERROR, levels);
-                walk->run.set_level(MAP_LOG_TRACE, levels);
-                walk->run.set_trace(trace);
-                walk->go();
-                const size_t indices = of(*walk, ozk::Op::trace_index).size();
-                EXPECT_EQ(of(*walk, ozk::Op::log).empty(), !levels);
-                EXPECT_EQ(of(*walk, ozk::Op::trace).empty(), !trace);
-                EXPECT_EQ(indices, of(*walk, ozk::Op::trace).size());
-                EXPECT_EQ(walk->run.trace_index(), indices); // rises by one a line
-                if (levels && trace) {
-                    EXPECT_EQ(of(*walk, ozk::Op::log).size(), indices);
-                }
-            }
-}
-
-TEST(Tracing, OneLevelAlone)
-{
-    for (const uint32_t level : {MAP_LOG_ERROR, MAP_LOG_TRACE})
-        for (const auto& walk : walks()) {
-            walk->run.set_level(level, true);
-            walk->go();
-            for (const ozk::Call* call : of(*walk, ozk::Op::log))
-                EXPECT_EQ(call->kind, level) << call->line;
-        }
-}
-
-// Both outputs of a log point say the same, each in its own format, and come in this order.
-TEST(Tracing, FormatsOfALogPoint)
+// Both outputs of a log point say the same, each in its own format, and come in this order. No two
+// places share a site word, and no two places of a function that write the same text share a line;
+// the same place always has the same ones.
+TEST(Tracing, FormatsAndPlacesOfLogPoints)
 {
     const std::regex trace_format(
-        "#([0-9]+): (TRC|ERR): ([a-z0-9_]+):([0-9]+) ctx=0x[0-9a-f]+,(.*)");
+        "#([0-9]+): (TRC|ERR): ([a-z0-9_]+):([1-9][0-9]*) ctx=0x[0-9a-f]+,(.*)");
+    std::map<const void*, std::string> place_of_word;
+    std::map<std::string, const void*> word_of_place;
     for (const auto& walk : walks()) {
-        walk->run.set_level(MAP_LOG_ERROR, true);
-        walk->run.set_level(MAP_LOG_TRACE, true);
-        walk->run.set_trace(true);
         walk->go();
         const auto logged = of(*walk, ozk::Op::log);
         const auto traced = of(*walk, ozk::Op::trace);
@@ -98,43 +69,18 @@ TEST(Tracing, FormatsOfALogPoint)
         for (size_t i = 0; i < logged.size(); ++i) {
             EXPECT_LT(logged[i], traced[i]);
             std::smatch parts;
-            ASSERT_TRUE(std::regex_match(traced[i]->line, parts, trace_format))
-                << traced[i]->line;
+            ASSERT_TRUE(std::regex_match(traced[i]->line, parts, trace_format)) << traced[i]->line;
             EXPECT_EQ(parts[1], std::to_string(i + 1));
             EXPECT_EQ(logged[i]->kind == MAP_LOG_ERROR ? "ERR" : "TRC", parts[2]);
-            EXPECT_TRUE(std::string_view(logged[i]->format)
-                            .starts_with(std::string(parts[2]) + ": OZK: ctx=%p,"));
-            EXPECT_TRUE(logged[i]->line.ends_with("," + std::string(parts[5])));
-        }
-    }
-}
+            const std::string_view format = logged[i]->format;
+            EXPECT_TRUE(format.starts_with(parts[2].str() + ": OZK: ctx=%p,"));
+            EXPECT_TRUE(logged[i]->line.ends_with("," + parts[5].str()));
 
-// No two places share a site word, and no two places of a function that write the same text share
-// a line; the same place always has the same ones.
-TEST(Tracing, SiteWordsBelongToOnePlace)
-{
-    std::map<const void*, std::string> place_of_word;
-    std::map<std::string, const void*> word_of_place;
-    for (const auto& walk : walks()) {
-        walk->run.set_level(MAP_LOG_ERROR, true);
-        walk->run.set_level(MAP_LOG_TRACE, true);
-        walk->run.set_trace(true);
-        walk->go();
-        const auto logged = of(*walk, ozk::Op::log);
-        const auto traced = of(*walk, ozk::Op::trace);
-        for (size_t i = 0; i < logged.size(); ++i) {
-            const std::string& line = traced[i]->line;
-            const size_t function = line.find("C: ") != std::string::npos ? line.find("C: ") + 3
-                                                                          : line.find("R: ") + 3;
-            const std::string place = line.substr(function, line.find(' ', function) - function) +
-                                      " " + logged[i]->format;
-            EXPECT_EQ(line.find(":0 ctx="), std::string::npos) << line;
-            const auto [word, fresh_word] =
-                place_of_word.try_emplace(logged[i]->site_word, place);
-            EXPECT_EQ(word->second, place);
-            const auto [known, fresh_place] =
-                word_of_place.try_emplace(place, logged[i]->site_word);
-            EXPECT_EQ(known->second, logged[i]->site_word) << place;
+            const void* word = logged[i]->site_word;
+            const std::string place =
+                parts[3].str() + ":" + parts[4].str() + " " + logged[i]->format;
+            EXPECT_EQ(place_of_word.try_emplace(word, place).first->second, place);
+            EXPECT_EQ(word_of_place.try_emplace(place, word).first->second, word) << place;
         }
     }
     EXPECT_GT(place_of_word.size(), 100U);
@@ -156,39 +102,12 @@ TEST(Tracing, QuestionsToTheLogLayer)
     EXPECT_EQ(of(bare, ozk::Op::should_log).size(), 2U);
 }
 
-TEST(Tracing, SwitchesTurnedInTheMiddleOfAWalk)
-{
-    Walk walk(ietf_configuration, MAP_OP_GET, {});
-    size_t calls = 0;
-    walk.run.on_call([&](ozk::Run& run, const ozk::Call& call) {
-        if (call.op == ozk::Op::update_list)
-            run.set_trace(true);
-        if (call.op == ozk::Op::trace && ++calls == 3)
-            run.set_trace(false);
-    });
-    walk.go();
-    EXPECT_EQ(walk.run.trace_lines().size(), 3U);
-}
-
-TEST(Tracing, WhatALogCallTurnsOnShowsAtTheSamePoint)
-{
-    Walk walk(ietf_configuration, other_operation, {});
-    walk.run.set_level(MAP_LOG_TRACE, true);
-    walk.run.on_call([](ozk::Run& run, const ozk::Call& call) {
-        if (call.op == ozk::Op::log)
-            run.set_trace(true);
-    });
-    walk.go();
-    EXPECT_EQ(walk.run.trace_lines().size(), of(walk, ozk::Op::log).size());
-}
-
 TEST(Tracing, LongLineIsCut)
 {
     const std::string tag(2000, 't');
     const std::string hook_name = "ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations_"
                                   "interfaceconfiguration_parse_augments";
-    Walk walk(native_configuration, MAP_OP_EDIT,
-              {in_ns(node(tag.c_str()), NS_NQ_IP_PFILTER_CFG)});
+    Walk walk(native_configuration, MAP_OP_EDIT, {in_ns(node(tag.c_str()), NS_NQ_IP_PFILTER_CFG)});
     walk.run.set_trace(true);
     walk.run.walk(map_function(hook_name), walk.input.root().subtrees);
     size_t cut = 0;
@@ -230,8 +149,8 @@ TEST(Arguments, NullNodeOrTreeIsRefused)
             run.record_calls(true);
             run.set_trace(true);
             const OzkMapNode* given_node = null_node ? nullptr : &input.root();
-            OzkDataTree* given_tree = null_node ? run.tree() : nullptr;
-            uint32_t status = 0;
+            OzkDataTree* given_tree      = null_node ? run.tree() : nullptr;
+            uint32_t status              = 0;
             run.call([&] {
                 status = container ? map_function<OzkMapContainerFunction>(name)(
                                          run.ctx(), given_node, 3, given_tree)
@@ -239,8 +158,8 @@ TEST(Arguments, NullNodeOrTreeIsRefused)
             });
             Lines lines;
             for (const std::string& line : run.trace_lines())
-                lines.push_back(std::regex_replace(line, std::regex("^#[0-9]+: |:[0-9]+ ctx=[^,]*"),
-                                                   ""));
+                lines.push_back(
+                    std::regex_replace(line, std::regex("^#[0-9]+: |:[0-9]+ ctx=[^,]*"), ""));
             if (status == MAP_OK) {
                 EXPECT_NE(name.find("_list_lvl"), std::string::npos) << name;
                 EXPECT_EQ(lines, Lines{"TRC: " + prefix + name + ",End"});
@@ -306,8 +225,7 @@ TEST(AssertionDeathTest, NullContext)
         ozk::Run run(MAP_OP_GET);
         EXPECT_EXIT(map_function(c.function)(nullptr, &input.root(), run.tree()),
                     testing::KilledBySignal(SIGABRT),
-                    "^" + sources + c.source +
-                        "\\.cpp: [0-9]+ NULL != ctx -- assertion failed\n$");
+                    "^" + sources + c.source + "\\.cpp: [0-9]+ NULL != ctx -- assertion failed\n$");
     }
 }
 

@@ -27,80 +27,54 @@ enum class Shape {
     interface_name,
 };
 
-struct Mapping {
-    const char* path;
-    Shape shape;
-    const char* target;
-};
-
 #define NATIVE_ENTRY "/interface-configurations/interface-configuration"
 #define OPER_ENTRY   "/interfaces/interface-nq/interface"
-#define OPER_STATS   OPER_ENTRY "/interface-statistics"
 #define STATE_ENTRY  "/interfaces-state/interface"
+#define OPER_STATS   OPER_ENTRY "/interface-statistics"
+#define FULL_STATS   OPER_STATS "/full-interface-stats"
+#define STATE_STATS  STATE_ENTRY "/statistics"
+
+struct End {
+    Shape shape;
+    const char* path;
+};
+
+/// A pair of nodes that map to each other.
+struct Mapping {
+    End ietf, native;
+};
+
+using enum Shape;
 
 // Nodes that aren't here are empty, unmapped leaves or bare lists.
-constexpr Mapping ietf_nodes[] = {
-    {"/interfaces/interface", Shape::path_list, NATIVE_ENTRY},
-    {"/interfaces/interface/name", Shape::interface_name, NATIVE_ENTRY "/interface-name"},
-    {"/interfaces/interface/description", Shape::config_leaf, NATIVE_ENTRY "/description"},
-    {"/interfaces/interface/enabled", Shape::config_leaf, NATIVE_ENTRY "/shutdown"},
-    {STATE_ENTRY, Shape::path_list, OPER_ENTRY},
-    {STATE_ENTRY "/name", Shape::state_key, OPER_ENTRY "/interface-name"},
-    {STATE_ENTRY "/phys-address", Shape::state_leaf, OPER_ENTRY "/mac-address/address"},
-    {STATE_ENTRY "/statistics", Shape::whole_container, OPER_STATS},
-    {STATE_ENTRY "/statistics/in-octets", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/bytes-received"},
-    {STATE_ENTRY "/statistics/in-broadcast-pkts", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/broadcast-packets-received"},
-    {STATE_ENTRY "/statistics/in-multicast-pkts", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/multicast-packets-received"},
-    {STATE_ENTRY "/statistics/in-discards", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/input-ignored-packets"},
-    {STATE_ENTRY "/statistics/in-errors", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/input-errors"},
-    {STATE_ENTRY "/statistics/in-unknown-protos", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/unknown-protocol-packets-received"},
-    {STATE_ENTRY "/statistics/out-octets", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/bytes-sent"},
-    {STATE_ENTRY "/statistics/out-broadcast-pkts", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/broadcast-packets-sent"},
-    {STATE_ENTRY "/statistics/out-multicast-pkts", Shape::state_leaf,
-     OPER_STATS "/full-interface-stats/multicast-packets-sent"},
-    {STATE_ENTRY "/statistics/out-errors", Shape::state_leaf,
-     OPER_STATS "/basic-interface-stats/output-errors"},
+// clang-format off
+constexpr Mapping mappings[] = {
+    {{path_list, "/interfaces/interface"}, {path_list, NATIVE_ENTRY}},
+    {{interface_name, "/interfaces/interface/name"}, {key, NATIVE_ENTRY "/interface-name"}},
+    {{config_leaf, "/interfaces/interface/description"}, {mapped, NATIVE_ENTRY "/description"}},
+    {{config_leaf, "/interfaces/interface/enabled"}, {mapped, NATIVE_ENTRY "/shutdown"}},
+    {{path_list, STATE_ENTRY}, {path_list, OPER_ENTRY}},
+    {{state_key, STATE_ENTRY "/name"}, {key, OPER_ENTRY "/interface-name"}},
+    {{state_leaf, STATE_ENTRY "/phys-address"}, {mapped, OPER_ENTRY "/mac-address/address"}},
+    {{whole_container, STATE_STATS}, {whole_container, OPER_STATS}},
+    {{state_leaf, STATE_STATS "/in-octets"}, {mapped, FULL_STATS "/bytes-received"}},
+    {{state_leaf, STATE_STATS "/in-broadcast-pkts"},
+     {mapped, FULL_STATS "/broadcast-packets-received"}},
+    {{state_leaf, STATE_STATS "/in-multicast-pkts"},
+     {mapped, FULL_STATS "/multicast-packets-received"}},
+    {{state_leaf, STATE_STATS "/in-discards"}, {mapped, FULL_STATS "/input-ignored-packets"}},
+    {{state_leaf, STATE_STATS "/in-errors"}, {mapped, FULL_STATS "/input-errors"}},
+    {{state_leaf, STATE_STATS "/in-unknown-protos"},
+     {mapped, FULL_STATS "/unknown-protocol-packets-received"}},
+    {{state_leaf, STATE_STATS "/out-octets"}, {mapped, FULL_STATS "/bytes-sent"}},
+    {{state_leaf, STATE_STATS "/out-broadcast-pkts"},
+     {mapped, FULL_STATS "/broadcast-packets-sent"}},
+    {{state_leaf, STATE_STATS "/out-multicast-pkts"},
+     {mapped, FULL_STATS "/multicast-packets-sent"}},
+    {{state_leaf, STATE_STATS "/out-errors"},
+     {mapped, OPER_STATS "/basic-interface-stats/output-errors"}},
 };
-constexpr Mapping native_nodes[] = {
-    {NATIVE_ENTRY, Shape::path_list, "/interfaces/interface"},
-    {NATIVE_ENTRY "/interface-name", Shape::key, "/interfaces/interface/name"},
-    {NATIVE_ENTRY "/description", Shape::mapped, "/interfaces/interface/description"},
-    {NATIVE_ENTRY "/shutdown", Shape::mapped, "/interfaces/interface/enabled"},
-};
-constexpr Mapping operational_nodes[] = {
-    {OPER_ENTRY, Shape::path_list, STATE_ENTRY},
-    {OPER_ENTRY "/interface-name", Shape::key, STATE_ENTRY "/name"},
-    {OPER_ENTRY "/mac-address/address", Shape::mapped, STATE_ENTRY "/phys-address"},
-    {OPER_STATS, Shape::whole_container, STATE_ENTRY "/statistics"},
-    {OPER_STATS "/full-interface-stats/bytes-received", Shape::mapped,
-     STATE_ENTRY "/statistics/in-octets"},
-    {OPER_STATS "/full-interface-stats/bytes-sent", Shape::mapped,
-     STATE_ENTRY "/statistics/out-octets"},
-    {OPER_STATS "/full-interface-stats/multicast-packets-received", Shape::mapped,
-     STATE_ENTRY "/statistics/in-multicast-pkts"},
-    {OPER_STATS "/full-interface-stats/broadcast-packets-received", Shape::mapped,
-     STATE_ENTRY "/statistics/in-broadcast-pkts"},
-    {OPER_STATS "/full-interface-stats/multicast-packets-sent", Shape::mapped,
-     STATE_ENTRY "/statistics/out-multicast-pkts"},
-    {OPER_STATS "/full-interface-stats/broadcast-packets-sent", Shape::mapped,
-     STATE_ENTRY "/statistics/out-broadcast-pkts"},
-    {OPER_STATS "/full-interface-stats/unknown-protocol-packets-received", Shape::mapped,
-     STATE_ENTRY "/statistics/in-unknown-protos"},
-    {OPER_STATS "/full-interface-stats/input-errors", Shape::mapped,
-     STATE_ENTRY "/statistics/in-errors"},
-    {OPER_STATS "/full-interface-stats/input-ignored-packets", Shape::mapped,
-     STATE_ENTRY "/statistics/in-discards"},
-    {OPER_STATS "/basic-interface-stats/output-errors", Shape::mapped,
-     STATE_ENTRY "/statistics/out-errors"},
-};
+// clang-format on
 
 constexpr char acl_entry_point[] =
     "ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface";
@@ -180,15 +154,15 @@ private:
                  uint32_t is_list = 0)
     {
         const bool of_configuration = std::string_view(path).starts_with(NATIVE_ENTRY);
-        const char* ns = !from_ietf_        ? NS_IETF_INTERFACES
-                         : of_configuration ? NS_NQ_IFMGR_CFG
-                                            : NS_NQ_PFI_IM_CMD_OPER;
-        return call({.op = Op::add_path,
-                     .kind = is_list,
-                     .node = ref_node,
+        const char* ns              = !from_ietf_        ? NS_IETF_INTERFACES
+                                      : of_configuration ? NS_NQ_IFMGR_CFG
+                                                         : NS_NQ_PFI_IM_CMD_OPER;
+        return call({.op     = Op::add_path,
+                     .kind   = is_list,
+                     .node   = ref_node,
                      .text_1 = path,
                      .text_2 = ns,
-                     .value = value});
+                     .value  = value});
     }
 
     uint32_t sibling(const char* entry_point, const OzkMapNode* node)
@@ -210,10 +184,10 @@ private:
              const std::string& argument = "")
     {
         const char* prefix = level == MAP_LOG_ERROR ? "ERR: " : "TRC: ";
-        const bool answer = level == MAP_LOG_ERROR ? switches_.error : switches_.trace;
+        const bool answer  = level == MAP_LOG_ERROR ? switches_.error : switches_.trace;
         call({.op = Op::should_log, .kind = level, .result = answer});
         // A switch that is turned by this very question already holds for the answer.
-        const bool log_on = level == MAP_LOG_ERROR ? switches_.error : switches_.trace;
+        const bool log_on        = level == MAP_LOG_ERROR ? switches_.error : switches_.trace;
         out_.calls.back().result = log_on;
 
         std::array<char, 32> ctx{};
@@ -222,12 +196,12 @@ private:
         if (const size_t at = text.find("%s"); at != std::string::npos)
             finished.replace(at, 2, argument);
         if (log_on)
-            call({.op = Op::log,
+            call({.op   = Op::log,
                   .kind = level,
                   .line = std::string(prefix) + "OZK: ctx=" + ctx.data() + "," + finished});
         if (switches_.lines) {
             call({.op = Op::trace_index, .result = ++trace_index_});
-            call({.op = Op::trace,
+            call({.op   = Op::trace,
                   .line = "#" + std::to_string(trace_index_) + ": " + prefix + function +
                           ": ctx=" + ctx.data() + "," + finished});
         }
@@ -266,81 +240,64 @@ private:
 
     // --- Handlers
 
-    const Mapping* mapping(const schema::Node& described) const
+    /// What the node's handler does, and the path that it maps to, if any.
+    End end_of(const schema::Node& described) const
     {
-        const auto search = [&](const auto& table) -> const Mapping* {
-            const auto found = std::ranges::find_if(
-                table, [&](const Mapping& row) { return described.path == row.path; });
-            return found == std::end(table) ? nullptr : found;
-        };
-        return from_ietf_                               ? search(ietf_nodes)
-               : in_.model->ns_uri == NS_NQ_IFMGR_CFG ? search(native_nodes)
-                                                        : search(operational_nodes);
-    }
-
-    Shape shape_without_mapping(const schema::Node& described) const
-    {
+        for (const Mapping& row : mappings)
+            if (described.path == (from_ietf_ ? row.ietf : row.native).path)
+                return from_ietf_ ? End{row.ietf.shape, row.native.path}
+                                  : End{row.native.shape, row.ietf.path};
         if (from_ietf_ && described.kind == Kind::leaf)
-            return Shape::unmapped;
-        return described.kind == Kind::list ? Shape::bare_list : Shape::empty;
+            return {unmapped, nullptr};
+        return {described.kind == Kind::list ? bare_list : empty, nullptr};
     }
 
     uint32_t handler(const schema::Node& described, const OzkMapNode* node, uint32_t count = 0)
     {
         const std::string function = "__" + described.handler();
-        const Mapping* row = mapping(described);
-        const Shape shape = row != nullptr ? row->shape : shape_without_mapping(described);
-        if (shape == Shape::bare_list) {
+        const auto [shape, target] = end_of(described);
+        if (shape == bare_list) {
             enter(function, "End");
             return MAP_OK;
         }
-        return frame(function, node, [&]() -> uint32_t {
+        return frame(function, node, [&, shape = shape, target = target]() -> uint32_t {
             if (described.manual_leaf)
                 return frame(described.prefix + "man_leaf_" + described.stem, node,
                              [] { return MAP_OK; });
             if (described.when_hook) {
                 enter(described.handler() + "_handle_when", "Start");
                 trace(described.handler() + "_handle_when", "End");
-                return MAP_OK;
             }
-            if (row == nullptr)
-                return shape == Shape::unmapped ? MAP_NOT_MAPPED : MAP_OK;
-            return work_of(*row, function, node, count);
+            return work(shape, target, function, node, count);
         });
     }
 
-    uint32_t work_of(const Mapping& row, const std::string& function, const OzkMapNode* node,
-                     uint32_t count)
+    uint32_t work(Shape shape, const char* target, const std::string& function,
+                  const OzkMapNode* node, uint32_t count)
     {
         const bool read = is_read();
-        switch (row.shape) {
-        case Shape::path_list:
-            return add(row.target, nullptr, is_delete(node) ? node : nullptr, 1);
-        case Shape::config_leaf:
+        switch (shape) {
+        case path_list: return add(target, nullptr, is_delete(node) ? node : nullptr, 1);
+        case config_leaf:
             if (read)
-                return add(row.target, nullptr, nullptr);
-            return add(row.target, is_delete(node) ? nullptr : node->value, node);
-        case Shape::state_leaf:
-            return read ? add(row.target, nullptr, nullptr) : MAP_OK;
-        case Shape::state_key:
+                return add(target, nullptr, nullptr);
+            return add(target, is_delete(node) ? nullptr : node->value, node);
+        case state_leaf: return read ? add(target, nullptr, nullptr) : MAP_OK;
+        case state_key:
             if (!read)
                 return MAP_OK;
             [[fallthrough]];
-        case Shape::key:
-            add(row.target, node->value, nullptr);
-            [[fallthrough]];
-        case Shape::mapped:
-            return add(row.target, node->value, nullptr);
-        case Shape::interface_name:
-            add(row.target, node->value, read ? nullptr : node);
+        case key: add(target, node->value, nullptr); [[fallthrough]];
+        case mapped: return add(target, node->value, nullptr);
+        case interface_name:
+            add(target, node->value, read ? nullptr : node);
             return add(NATIVE_ENTRY "/active", active_value, read ? nullptr : node);
-        case Shape::whole_container:
+        case whole_container:
             trace(function, count == 0 ? "No subtrees" : "No mapping done for this node");
-            return count == 0 ? add(row.target, nullptr, nullptr) : MAP_OK;
-        case Shape::empty:
-        case Shape::unmapped:
-        case Shape::bare_list:
-            break;
+            return count == 0 ? add(target, nullptr, nullptr) : MAP_OK;
+        case unmapped: return MAP_NOT_MAPPED;
+        case empty:
+        case bare_list: break;
         }
         return MAP_OK;
     }
@@ -356,7 +313,7 @@ private:
                 return MAP_ERR_ADD_REFUSED;
             });
         return frame(name, node, [&] {
-            const char* ns = from_ietf_ ? NS_IETF_INTERFACES_ACL_EXT : NS_NQ_IP_PFILTER_CFG;
+            const char* ns  = from_ietf_ ? NS_IETF_INTERFACES_ACL_EXT : NS_NQ_IP_PFILTER_CFG;
             uint32_t status = MAP_OK;
             if (match(ns, node->ns_uri))
                 status = to_sibling(name, node, status);
@@ -403,7 +360,7 @@ private:
     void set_position(const OzkMapNode* node)
     {
         out_.sets_list_position = true;
-        out_.list_position = (node->flags & MAP_NODE_HAS_POSITION) != 0 ? node->position : 0;
+        out_.list_position      = (node->flags & MAP_NODE_HAS_POSITION) != 0 ? node->position : 0;
     }
 
     uint32_t whole_list(const schema::Node& described, const OzkMapNode* node)
@@ -424,20 +381,20 @@ private:
     uint32_t container_or_list(const schema::Node& described, const OzkMapNode* node)
     {
         const std::string function = described.walker();
-        const bool is_list = described.kind == Kind::list;
-        const bool has_children = (node->flags & MAP_NODE_HAS_SUBTREES) != 0;
-        const uint32_t count = has_children ? node->subtree_count : 0;
+        const bool is_list         = described.kind == Kind::list;
+        const bool has_children    = (node->flags & MAP_NODE_HAS_SUBTREES) != 0;
+        const uint32_t count       = has_children ? node->subtree_count : 0;
         if (count > 0 && node->subtrees == nullptr) {
             error(function, "Failed to get subtrees!");
             return MAP_ERR_NO_SUBTREES;
         }
         if (is_list && count == 0)
             error(function, "No keys specified with a list node.");
-        call({.op = Op::hierarchy_add,
+        call({.op   = Op::hierarchy_add,
               .kind = is_list ? MAP_HIER_LIST : MAP_HIER_CONTAINER,
               .node = node});
         uint32_t status = is_list ? update_list(described) : MAP_OK;
-        bool expands = from_ietf_ && count == 0 && is_read();
+        bool expands    = from_ietf_ && count == 0 && is_read();
         if (status == MAP_OK && is_list && from_ietf_ && count > 0)
             status = key_place(function, &node->subtrees[0], described.children.front());
         if (status == MAP_OK)
@@ -476,7 +433,7 @@ private:
         for (const schema::Node& each : parent.children)
             if (match(node->tag, each.tag.c_str()) && passes_gate()) {
                 const bool is_key = from_ietf_ && parent.kind == Kind::list && each.tag == "name";
-                const uint32_t status = is_key ? key(function, node) : MAP_OK;
+                const uint32_t status = is_key ? check_key(function, node) : MAP_OK;
                 return status != MAP_OK ? status : target(each, node);
             }
         if (!match(model_ns_, node->ns_uri))
@@ -490,7 +447,7 @@ private:
         return MAP_ERR_UNSUPPORTED_TAG;
     }
 
-    uint32_t key(const std::string& function, const OzkMapNode* node)
+    uint32_t check_key(const std::string& function, const OzkMapNode* node)
     {
         if (in_.op_code == MAP_OP_EDIT && (node->flags & MAP_NODE_HAS_VALUE) == 0) {
             error(function, "Empty list key specified.");

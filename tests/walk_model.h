@@ -1,5 +1,5 @@
-// The rules of a walk, computed from the schema: what a map library has to call, in which order, and
-// what it has to return, for any tree, operation and answers of the framework. Written from the
+// The rules of a walk, computed from the schema: what a map library has to call, in which order,
+// and what it has to return, for any tree, operation and answers of the framework. Written from the
 // rules alone; shares no line with the library.
 
 #ifndef TESTS_WALK_MODEL_H
@@ -28,11 +28,11 @@ struct Switches {
 /// Everything that decides a walk.
 struct Input {
     const schema::Model* model = nullptr;
-    const schema::Node* root = nullptr; ///< one of the model's roots
-    uint32_t op_code = MAP_OP_GET;
-    const OzkMapCtx* ctx = nullptr; ///< for its address in lines only
-    const OzkMapNode* node = nullptr;
-    bool has_tree = true; ///< false: the walker is called with a null tree
+    const schema::Node* root   = nullptr; ///< one of the model's roots
+    uint32_t op_code           = MAP_OP_GET;
+    const OzkMapCtx* ctx       = nullptr; ///< for its address in lines only
+    const OzkMapNode* node     = nullptr;
+    bool has_tree              = true; ///< false: the walker is called with a null tree
     Switches switches;
     std::map<size_t, Switches> turned; ///< by number of the call, from 1, before which it happens
     std::map<std::pair<ozk::Op, size_t>, uint32_t> answers; ///< as in ozk::Run::answer
@@ -44,7 +44,7 @@ struct Outcome {
     /// As ozk::Run records them; a trace line has no source line: "...name: ctx=...".
     std::vector<ozk::Call> calls;
     std::optional<std::string> offending_tag;
-    uint32_t list_position = 0;
+    uint32_t list_position  = 0;
     bool sets_list_position = false;
 };
 

@@ -2,8 +2,6 @@
 // the page shows just the code that is built.
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "support.h"
 
@@ -23,35 +21,24 @@ TEST(WorkedExample, MapsAsThePageSays)
                node("port", {leaf("name", "1/2"), leaf("label", "unused")})});
     EXPECT_EQ(walk.go(), MAP_OK);
     EXPECT_EQ(walk.script({"add"}),
-              (std::vector<std::string>{"add /interfaces/interface list",
-                                        "add /interfaces/interface/name = 1/1",
-                                        "add /interfaces/interface/name = 1/1",
-                                        "add /interfaces/interface/description = to b",
-                                        "add /interfaces/interface list",
-                                        "add /interfaces/interface/name = 1/2",
-                                        "add /interfaces/interface/name = 1/2"}));
+              (std::vector<std::string>{
+                  "add /interfaces/interface list", "add /interfaces/interface/name = 1/1",
+                  "add /interfaces/interface/name = 1/1",
+                  "add /interfaces/interface/description = to b", "add /interfaces/interface list",
+                  "add /interfaces/interface/name = 1/2", "add /interfaces/interface/name = 1/2"}));
     EXPECT_EQ(walk.script({"list"}),
               (std::vector<std::string>{"list /ports/port", "list /ports/port/lane",
                                         "list /ports/port"}));
-}
-
-std::string read(const std::filesystem::path& file)
-{
-    std::ifstream in(file);
-    EXPECT_TRUE(in) << file;
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 TEST(WorkedExample, PageShowsTheCodeThatIsBuilt)
 {
     std::string sources;
     for (const auto& entry : std::filesystem::directory_iterator(YMAP_WORKED_EXAMPLE))
-        sources += read(entry.path());
-    const std::string page = read(YMAP_MAINTAINING_PAGE);
+        sources += read_file(entry.path());
+    const std::string page    = read_file(YMAP_MAINTAINING_PAGE);
     const std::string opening = "```cpp\n";
-    size_t blocks = 0;
+    size_t blocks             = 0;
     for (size_t at = page.find(opening); at != std::string::npos; at = page.find(opening, at)) {
         at += opening.size();
         const std::string block = page.substr(at, page.find("```", at) - at);
