@@ -91,7 +91,7 @@ private:
 
 std::string interface_name(uint32_t i)
 {
-    return "GigabitEthernet0/" + std::to_string(i / 4096) + "/" + std::to_string(i / 64 % 64) +
+    return "gigabit-ethernet-" + std::to_string(i / 4096) + "/" + std::to_string(i / 64 % 64) +
            "/" + std::to_string(i % 64);
 }
 
@@ -194,8 +194,8 @@ ozk::InputTree operational_tree(uint32_t interfaces)
             builder.leaf(*leaf++, full_statistics[which], counter(i, which));
         builder.leaf(parts[1], "stats-type", "full");
 
-        builder.leaf(*child++, "state", i % 8 != 0 ? "im-state-up" : "im-state-down");
-        builder.leaf(*child++, "line-state", i % 8 != 0 ? "im-state-up" : "im-state-down");
+        builder.leaf(*child++, "state", i % 8 != 0 ? "up" : "down");
+        builder.leaf(*child++, "line-state", i % 8 != 0 ? "up" : "down");
         builder.leaf(*child++, "mtu", std::to_string(1500 + i % 7 * 250));
         builder.leaf(*child++, "bandwidth", "1000000");
         builder.leaf(*child++, "description", description(i));
@@ -224,7 +224,7 @@ ozk::InputTree native_configuration_tree(uint32_t interfaces)
         OzkMapNode& mtus = builder.name(*child++, "mtus");
         OzkMapNode& mtu  = builder.name(*builder.children(mtus, 1), "mtu");
         OzkMapNode* leaf = builder.children(mtu, 2);
-        builder.leaf(leaf[0], "owner", "GigabitEthernet");
+        builder.leaf(leaf[0], "owner", "gigabit-ethernet");
         builder.leaf(leaf[1], "mtu", std::to_string(1500 + i % 7 * 250));
     }
     return std::move(builder.tree());

@@ -149,13 +149,26 @@ std::string escaped(std::string_view text)
     return out;
 }
 
+std::string escaped_attribute(std::string_view text)
+{
+    std::string out;
+    for (const char c : escaped(text)) {
+        switch (c) {
+        case '\n': out += "&#10;"; break;
+        case '\t': out += "&#9;"; break;
+        default: out += c;
+        }
+    }
+    return out;
+}
+
 void append_xml(std::string& out, const ozk::DataNode& node, std::string_view ns_uri, int indent)
 {
     const std::string name = escaped(node.tag.value_or(""));
     const std::string own  = node.ns_uri.value_or("");
     fmt::format_to(std::back_inserter(out), "{:{}}<{}", "", indent, name);
     if (own != ns_uri)
-        fmt::format_to(std::back_inserter(out), " xmlns=\"{}\"", escaped(own));
+        fmt::format_to(std::back_inserter(out), " xmlns=\"{}\"", escaped_attribute(own));
     if (const char* edit = edit_name(node.edit))
         fmt::format_to(std::back_inserter(out), " nc:operation=\"{}\"", edit);
     if (!node.children.empty()) {

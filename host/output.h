@@ -39,8 +39,11 @@ std::string calls_text(const ozk::Run& run);
 /// `text` as a string of JSON (RFC 8259, 7), quotes included, with all control characters escaped;
 /// also used where a value has to stay on one line.
 std::string json_string(std::string_view text);
-/// `text` as XML content or as the value of an attribute in double quotes (XML 1.0, 2.4).
+/// `text` as XML content (XML 1.0, 2.4).
 std::string escaped(std::string_view text);
+/// `text` as the value of an attribute in double quotes; a reader would make blanks of its line
+/// feeds and tabs (XML 1.0, 3.3.3).
+std::string escaped_attribute(std::string_view text);
 /// Appends `node` and all below it as XML; `ns_uri` is the default namespace where it stands.
 /// Operations are written with the prefix "nc".
 void append_xml(std::string& out, const ozk::DataNode& node, std::string_view ns_uri, int indent);

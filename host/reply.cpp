@@ -136,7 +136,7 @@ std::string xml_reply(const Request& request, std::span<const ozk::DataNode> dat
     if (request.is_rpc) {
         std::string id;
         if (request.message_id)
-            id = fmt::format(" message-id=\"{}\"", escaped(*request.message_id));
+            id = fmt::format(" message-id=\"{}\"", escaped_attribute(*request.message_id));
         out    = fmt::format("<rpc-reply{}{}>\n", id, std::exchange(declaration, ""));
         indent = 2;
     }

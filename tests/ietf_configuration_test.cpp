@@ -39,7 +39,7 @@ Lines key_taken(const std::string& value)
 /// The same of an entry that an edit adds, behind its key.
 Lines in_added_entry(const Lines& calls)
 {
-    return in_entry(Lines{"add? name yes", "match name name"} + list_added + key_taken("ge-1") +
+    return in_entry(Lines{"add? name yes", "match name name"} + list_added + key_taken("if-1") +
                     calls);
 }
 
@@ -70,10 +70,10 @@ TEST(IetfConfiguration, Reads)
                  list_added + expanded("interface", "odd") +
                  Lines{"pop interface", "pop interfaces"}},
             {"one entry: no expansion, since it has a child",
-             {node("interface", {leaf("name", "ge-1")})},
+             {node("interface", {leaf("name", "if-1")})},
              in_entry(Lines{"add? name no"} + list_added +
                       Lines{"match name name", "delete? name no",
-                            "add " + entry + "/interface-name = ge-1",
+                            "add " + entry + "/interface-name = if-1",
                             "add " + entry + "/active = act"})},
             {"a key without a value passes on a read", {node("interface", {node("name")})},
              in_entry(Lines{"add? name no"} + list_added +
@@ -93,24 +93,24 @@ TEST(IetfConfiguration, Edits)
     // clang-format off
     check(ietf_configuration, MAP_OP_EDIT, {
         {"an entry is added, with a position",
-         {at_position(7, node("interface", {leaf("name", "ge-1"), leaf("description", "up")}))},
+         {at_position(7, node("interface", {leaf("name", "if-1"), leaf("description", "up")}))},
          in_added_entry({"match description description", "delete? description no",
                          "add " + entry + "/description = up ref description"})},
         {"enabled goes over with its very value",
-         {node("interface", {leaf("name", "ge-1"), leaf("enabled", "false")})},
+         {node("interface", {leaf("name", "if-1"), leaf("enabled", "false")})},
          in_added_entry({"match enabled enabled", "delete? enabled no",
                          "add " + entry + "/shutdown = false ref enabled"})},
         {"leaves are deleted",
-         {node("interface", {leaf("name", "ge-1"), with(Edit::erase, leaf("description", "x")),
+         {node("interface", {leaf("name", "if-1"), with(Edit::erase, leaf("description", "x")),
                              with(Edit::remove, node("enabled"))})},
          in_added_entry({"match description description", "delete? description yes",
                          "add " + entry + "/description ref description", "match enabled enabled",
                          "delete? enabled yes", "add " + entry + "/shutdown ref enabled"})},
         {"an entry is deleted: the list path refers to it",
-         {with(Edit::erase, node("interface", {leaf("name", "ge-1")}))},
+         {with(Edit::erase, node("interface", {leaf("name", "if-1")}))},
          in_entry(Lines{"add? name no", "delete? interface yes",
                         "add " + entry + " list ref interface"} +
-                  key_taken("ge-1"))},
+                  key_taken("if-1"))},
         {"an empty entry gets its list path and nothing else", {node("interface")},
          Lines{"push interfaces container", "match interface interface",
                error("No keys specified with a list node."), "push interface list",
@@ -118,11 +118,11 @@ TEST(IetfConfiguration, Edits)
              list_added + Lines{"pop interface", "pop interfaces"}},
         {"the key may stand anywhere in an entry that isn't added",
          {with(Edit::none, node("interface", {with(Edit::erase, node("description")),
-                                              leaf("name", "ge-1")}))},
+                                              leaf("name", "if-1")}))},
          in_entry(Lines{"add? description no"} + list_added +
                   Lines{"match description description", "delete? description yes",
                         "add " + entry + "/description ref description"} +
-                  key_taken("ge-1"))},
+                  key_taken("if-1"))},
     });
     // clang-format on
 }
@@ -147,7 +147,7 @@ TEST(IetfConfiguration, RefusedRequests)
     // clang-format off
     check(ietf_configuration, MAP_OP_EDIT, {
         {"an added entry that doesn't begin with its key",
-         {node("interface", {leaf("description", "x"), leaf("name", "ge-1")})},
+         {node("interface", {leaf("description", "x"), leaf("name", "if-1")})},
          in_entry({"add? description yes", error("List key 'name' expected."),
                    "copy description"}),
          MAP_ERR_BAD_KEY, "description"},
@@ -157,18 +157,18 @@ TEST(IetfConfiguration, RefusedRequests)
                   Lines{"match name name", error("Empty list key specified."), "copy name"}),
          MAP_ERR_BAD_KEY, "name"},
         {"a deleted key leaves no tag",
-         {node("interface", {with(Edit::erase, leaf("name", "ge-1"))})},
+         {node("interface", {with(Edit::erase, leaf("name", "if-1"))})},
          in_entry(Lines{"add? name no"} + list_added +
                   Lines{"match name name", "delete? name yes",
                         error("The key node should not have delete operation.")}),
          MAP_ERR_KEY_DELETE},
         {"type is not mapped and ends the entry",
-         {node("interface", {leaf("name", "ge-1"), leaf("type", "x"), leaf("enabled", "true")}),
-          node("interface", {leaf("name", "ge-2")})},
+         {node("interface", {leaf("name", "if-1"), leaf("type", "x"), leaf("enabled", "true")}),
+          node("interface", {leaf("name", "if-2")})},
          in_added_entry({"match type type"}),
          MAP_NOT_MAPPED},
         {"an unknown tag in the entry",
-         {node("interface", {leaf("name", "ge-1"), node("mtu"), node("description")})},
+         {node("interface", {leaf("name", "if-1"), node("mtu"), node("description")})},
          in_added_entry({match_of(NS_IETF_INTERFACES),
                          error("Unsupported tag is specified in the request."), "copy mtu"}),
          MAP_ERR_UNSUPPORTED_TAG, "mtu"},
@@ -224,7 +224,7 @@ TEST(IetfConfiguration, BrokenTrees)
         {"children without an array", {node("interface")},
          {error("Failed to get subtrees!")}, MAP_ERR_NO_SUBTREES, "-", null_children},
         {"a null tag behind a good child",
-         {node("interface", {leaf("name", "ge-1"), without_tag(leaf("", "x")),
+         {node("interface", {leaf("name", "if-1"), without_tag(leaf("", "x")),
                              leaf("description", "x")})},
          in_added_entry({error("Tag name is not available!")}),
          MAP_ERR_NO_SUBTREES},

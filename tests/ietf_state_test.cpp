@@ -65,7 +65,7 @@ TEST(IetfState, Reads)
                         whole_statistics + Lines{"add? interface no", "pop interface"}) +
              Lines{"add? interface no", "pop interface", "pop interfaces-state"}},
         {"an entry with its key loses the counters, and the read goes on",
-         {node("interface", {leaf("name", "ge-1")}), node("interface", {leaf("name", "ge-2")})},
+         {node("interface", {leaf("name", "if-1")}), node("interface", {leaf("name", "if-2")})},
          [&] {
              Lines calls{"push interfaces-state container"};
              for (int i = 0; i < 2; ++i)

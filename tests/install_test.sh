@@ -26,5 +26,5 @@ sed -n '/^--- standard output$/,/^--- standard error$/p' "$here/golden/edit-desc
 # The undefined-behaviour sanitizer names the source of each of its checks.
 if [[ ${CXXFLAGS:-} != *-fsanitize=* ]]; then
     echo "no file names the folder it was built in"
-    ! grep -rlF -e "$build" -e "${here%/tests}" "$prefix"
+    ! grep -rlF -e "$build" -e "${here%/tests}" "$prefix" || exit 1
 fi

@@ -66,7 +66,7 @@ std::string configuration(const std::string& entries)
 // ---------------------------------------------------------------------------------------------
 // Reads
 
-const std::string port = "<interface><name>GigabitEthernet0/0/0/1</name>";
+const std::string port = "<interface><name>gigabit-ethernet-0/0/1</name>";
 const std::string port_configuration =
     port + "<description>Uplink to core-1, port 7</description><enabled>true</enabled></interface>";
 const std::string port_counters =
@@ -78,12 +78,12 @@ const std::string port_counters =
 const std::string port_address = "<phys-address>00:53:00:0a:01:07</phys-address>";
 const std::string all_configuration =
     port_configuration +
-    "<interface><name>TenGigabitEthernet0/1/0/3</name><enabled>false</enabled></interface>"
-    "<interface><name>Loopback10</name><description>Router identity</description></interface>";
+    "<interface><name>ten-gigabit-ethernet-1/13</name><enabled>false</enabled></interface>"
+    "<interface><name>loopback10</name><description>Router identity</description></interface>";
 const std::string all_state = port + port_address + port_counters +
-                              "</interface><interface><name>TenGigabitEthernet0/1/0/3</name>"
+                              "</interface><interface><name>ten-gigabit-ethernet-1/13</name>"
                               "<phys-address>00:53:00:0a:01:0b</phys-address></interface>"
-                              "<interface><name>Loopback10</name></interface>";
+                              "<interface><name>loopback10</name></interface>";
 
 TEST_F(OnNativeData, ReadsGiveWhatTheRequestNames)
 {
@@ -98,16 +98,16 @@ TEST_F(OnNativeData, ReadsGiveWhatTheRequestNames)
         {"one leaf by key", get(interfaces(port + "<enabled/></interface>")),
          interfaces(port + "<enabled>true</enabled></interface>")},
         {"names", get(interfaces("<interface><name/></interface>")),
-         interfaces(port + "</interface><interface><name>TenGigabitEthernet0/1/0/3</name>"
-                           "</interface><interface><name>Loopback10</name></interface>")},
+         interfaces(port + "</interface><interface><name>ten-gigabit-ethernet-1/13</name>"
+                           "</interface><interface><name>loopback10</name></interface>")},
         {"a leaf without the key", get(interfaces("<interface><enabled/></interface>")),
          interfaces("<interface><enabled>true</enabled></interface>"
                     "<interface><enabled>false</enabled></interface>")},
         {"the whole configuration", get(interfaces(""), "get-config"),
          interfaces(all_configuration)},
-        {"no such entry", get(interfaces("<interface><name>ge-9</name></interface>")), ""},
+        {"no such entry", get(interfaces("<interface><name>port-9</name></interface>")), ""},
         {"an entry that isn't active",
-         get(interfaces("<interface><name>GigabitEthernet0/2/0/0</name></interface>")), ""},
+         get(interfaces("<interface><name>gigabit-ethernet-0/2/0</name></interface>")), ""},
         {"state by key, without counters", get(state(port + "</interface>")),
          state(port + port_address + "</interface>")},
         {"the whole state", get(state("")), state(all_state)},
@@ -141,7 +141,7 @@ TEST_F(OnNativeData, ReadsOfAThousandEntries)
     };
     std::string native, all;
     for (int i = 0; i < 1000; ++i) {
-        const std::string name = "name>ge-" + std::to_string(i) + "</";
+        const std::string name = "name>port-" + std::to_string(i) + "</";
         native += "<interface><interface-" + name + "interface-name><mac-address>" +
                   address("address", i) + "</mac-address></interface>\n";
         all += "<interface><" + name + "name>" + address("phys-address", i) + "</interface>";
@@ -150,10 +150,10 @@ TEST_F(OnNativeData, ReadsOfAThousandEntries)
           "<interfaces" + oper + "><interface-nq>" + native + "</interface-nq></interfaces>");
     EXPECT_EQ(reply_data(run("read examples/read-state-all.xml --data native.xml").out),
               state(all));
-    write("one.xml", get(state("<interface><name>ge-17</name></interface>")));
+    write("one.xml", get(state("<interface><name>port-17</name></interface>")));
     EXPECT_EQ(
         reply_data(run("read one.xml --data native.xml").out),
-        state("<interface><name>ge-17</name>" + address("phys-address", 17) + "</interface>"));
+        state("<interface><name>port-17</name>" + address("phys-address", 17) + "</interface>"));
 }
 
 TEST_F(OnNativeData, FormsOfTheReply)
@@ -163,14 +163,20 @@ TEST_F(OnNativeData, FormsOfTheReply)
   <data>
     <interfaces xmlns="urn:ietf:params:xml:ns:yang:ietf-interfaces">
       <interface>
-        <name>GigabitEthernet0/0/0/1</name>
+        <name>gigabit-ethernet-0/0/1</name>
         <description>Uplink to core-1, port 7</description>
       </interface>
     </interfaces>
   </data>
 </rpc-reply>
 )");
-    write("bare.xml", interfaces("<interface><name>ge-9</name></interface>"));
+    // The message-id comes back as it was (RFC 6241, 4.1).
+    const std::string id = "message-id=\"a&#10;b&#9;&quot;\"";
+    write("id.xml",
+          "<rpc " + id + " xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\"><get/></rpc>");
+    EXPECT_NE(run("read id.xml --data examples/native-configuration.xml").out.find(id),
+              std::string::npos);
+    write("bare.xml", interfaces("<interface><name>port-9</name></interface>"));
     const std::string nothing = "read bare.xml --data examples/native-configuration.xml";
     EXPECT_EQ(run(nothing).out, "<data xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\"/>\n");
     EXPECT_EQ(run(nothing + " --format json").out, "{}\n");
@@ -353,7 +359,7 @@ TEST_F(OnNativeData, EditsDoWhatTheirOperationsSay)
     const std::string b     = entry("b", "<shutdown>false</shutdown>");
     const std::string new_a = entry("a", "<description>new</description><mtus><mtu/></mtus>");
     const std::string prepared =
-        "<interface-configuration><active>pre</active><interface-name>c</interface-name>"
+        "<interface-configuration><active>prepared</active><interface-name>c</interface-name>"
         "</interface-configuration>";
     const std::string there = "/interface-configurations/interface-configuration[active='act']"
                               "[interface-name='";
@@ -558,7 +564,7 @@ public:
 
     EditedEntry entry()
     {
-        EditedEntry made{any_of({"ge-0/0/1", "ge-0/0/2", "lo&amp;1", "Ærø 1"}),
+        EditedEntry made{any_of({"port-1", "port-2", "lo&amp;1", "Ærø 1"}),
                          any_of({"", "", "", "merge", "create", "replace", "delete", "remove"}),
                          {}};
         const std::vector<std::string> of_leaf = {"",        "",       "",       "",      "merge",

@@ -376,6 +376,7 @@ template <class Schema, class Self, class... Rows>
                                                        const Rows&... rows)
 {
     static_assert(Schema::direction == Direction::from_ietf);
+    static_assert(!(Rows::is_key || ...), "no key is tested here");
     static FrameSites sites;
     return in_frame(ctx, node, tree, self.place, sites, [&]() -> uint32_t {
         ozk_map_add_to_node_hierarchy(ctx, node, MAP_HIER_LIST);
