@@ -1,11 +1,14 @@
 // The command `ymap`: one subcommand a verb. Here is what they share: the version, the one line for
 // a bad command line or bad input, and the check that standard output took all that was written.
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/core.h>
@@ -32,12 +35,19 @@ int main(int argc, char** argv)
     add_edit_command(app, chosen);
 
     std::string footer;
-    for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; }))
+    const std::vector<const CLI::App*> verbs =
+        std::as_const(app).get_subcommands([](const CLI::App*) { return true; });
+    for (const CLI::App* verb : verbs)
         footer += verb->get_footer() + "\n";
     app.footer(footer + "\nExit status: 0 mapped, 1 a walk returned a status, the data refused an "
                         "edit or a case\ndiffers, 2 the input or the command line is at fault.");
 
     try {
+        // The parser would only say that a verb is missing.
+        if (argc > 1 && argv[1][0] != '-' &&
+            std::ranges::find(verbs, argv[1], &CLI::App::get_name) == verbs.end())
+            throw InputError(
+                for_message(fmt::format("ymap: no verb '{}'; see ymap --help", argv[1])));
         app.parse(argc, argv);
         const int status = chosen();
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {

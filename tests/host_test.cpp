@@ -218,6 +218,13 @@ TEST(BadInput, one_line_and_status_2)
     }
 }
 
+TEST(BadInput, unknown_verb_is_named)
+{
+    const Outcome outcome = run_ymap("mao edit-create.xml", "");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "ymap: no verb 'mao'; see ymap --help\n");
+}
+
 // ---------------------------------------------------------------------------------------------
 // What has no golden file, because it holds addresses or changes with the library's size
 
