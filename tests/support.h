@@ -70,7 +70,7 @@ class Walk {
 public:
     /// Nodes of `children` that have no namespace get the root's. On an edit the default operation
     /// is merge (RFC 6241, 7.2).
-    Walk(const Root& root, uint32_t op_code, std::vector<DataNode> children);
+    Walk(const Root& walked, uint32_t op_code, std::vector<DataNode> children);
 
     uint32_t go(); ///< may be called again: run and record go on
 
