@@ -4,6 +4,7 @@
 #ifndef YMAP_HOST_COMMANDS_H
 #define YMAP_HOST_COMMANDS_H
 
+#include <cstdint>
 #include <functional>
 
 namespace CLI {
@@ -24,6 +25,9 @@ enum ExitStatus : int {
 
 /// What the command line asks for; its result is the exit status. May throw InputError.
 using Command = std::function<int()>;
+
+/// Adds --depth-limit, for a verb that reads documents; `limit` holds the default.
+void add_depth_limit_option(CLI::App& verb, uint32_t& limit);
 
 void add_map_command(CLI::App& app, Command& chosen);
 void add_table_command(CLI::App& app, Command& chosen);

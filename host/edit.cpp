@@ -24,7 +24,7 @@ namespace {
 struct EditVerbOptions {
     std::string request;
     std::string data;
-    uint32_t depth_limit = 64;
+    uint32_t depth_limit = ReadOptions{}.depth_limit;
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
@@ -112,10 +112,7 @@ void add_edit_command(CLI::App& app, Command& chosen)
         ->type_name("NATIVE");
     add_diagnostics_options(*verb, options->diagnostics,
                             "Print every call of the framework on standard error");
-    verb->add_option("--depth-limit", options->depth_limit,
-                     "Levels that a document may be nested, those of NETCONF included")
-        ->check(CLI::Range(uint32_t{1}, MAX_DEPTH_LIMIT))
-        ->capture_default_str();
+    add_depth_limit_option(*verb, options->depth_limit);
     add_library_options(*verb, options->library);
     verb->footer("Example: ymap edit examples/edit-description.xml --data "
                  "examples/native-configuration.xml");

@@ -1,5 +1,6 @@
 // The command `ymap`: one subcommand a verb. Here is what they share: the version, the one line for
-// a bad command line or bad input, and the check that standard output took all that was written.
+// a bad command line or bad input, the limit of depth, and the check that standard output took all
+// that was written.
 
 #include <algorithm>
 #include <cerrno>
@@ -14,7 +15,16 @@
 #include <fmt/core.h>
 
 #include "commands.h"
+#include "document.h"
 #include "input_error.h"
+
+void ymap::host::add_depth_limit_option(CLI::App& verb, uint32_t& limit)
+{
+    verb.add_option("--depth-limit", limit,
+                    "Levels that a document may be nested, those of NETCONF included")
+        ->check(CLI::Range(uint32_t{1}, MAX_DEPTH_LIMIT))
+        ->capture_default_str();
+}
 
 int main(int argc, char** argv)
 {

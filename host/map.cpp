@@ -30,7 +30,7 @@ struct MapOptions {
     std::string op;
     std::string format = "table";
     std::string capture; ///< case file to write; empty: none
-    uint32_t depth_limit = 64;
+    uint32_t depth_limit = ReadOptions{}.depth_limit;
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
@@ -140,10 +140,7 @@ void add_map_command(CLI::App& app, Command& chosen)
     add_diagnostics_options(*verb, options->diagnostics,
                             "Print every call of the framework, ahead of the paths (with xml: on "
                             "standard error)");
-    verb->add_option("--depth-limit", options->depth_limit,
-                     "Levels that a document may be nested, those of NETCONF included")
-        ->check(CLI::Range(uint32_t{1}, MAX_DEPTH_LIMIT))
-        ->capture_default_str();
+    add_depth_limit_option(*verb, options->depth_limit);
     verb->add_option("--capture", options->capture,
                      "Write the run to a case file, for ymap replay: document, switches, calls, "
                      "paths and status")

@@ -32,7 +32,7 @@ struct ReadVerbOptions {
     std::vector<std::string> data;
     std::string op       = "get";
     std::string format   = "xml";
-    uint32_t depth_limit = 64;
+    uint32_t depth_limit = ReadOptions{}.depth_limit;
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
@@ -277,10 +277,7 @@ void add_read_command(CLI::App& app, Command& chosen)
         ->capture_default_str();
     add_diagnostics_options(*verb, options->diagnostics,
                             "Print every call of the framework on standard error, pass by pass");
-    verb->add_option("--depth-limit", options->depth_limit,
-                     "Levels that a document may be nested, those of NETCONF included")
-        ->check(CLI::Range(uint32_t{1}, MAX_DEPTH_LIMIT))
-        ->capture_default_str();
+    add_depth_limit_option(*verb, options->depth_limit);
     add_library_options(*verb, options->library);
     verb->footer("Example: ymap read examples/read-state-one.xml --data "
                  "examples/native-operational.xml");
