@@ -34,8 +34,8 @@ install(FILES
     ${sources}/ymap.h ${sources}/ymap_ietf_if.h ${sources}/ymap_handlers.h ${sources}/ymap_walkers.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ymap COMPONENT development)
 install(FILES
-    ${PROJECT_SOURCE_DIR}/framework/data_tree.h
     ${PROJECT_SOURCE_DIR}/framework/run.h
+    ${PROJECT_SOURCE_DIR}/framework/tree.h
     ${PROJECT_SOURCE_DIR}/siblings/siblings.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ymap/stand_in COMPONENT development)
 
@@ -52,11 +52,13 @@ install(FILES
     ${PROJECT_BINARY_DIR}/ymap_ietf_if-config-version.cmake
     DESTINATION ${package_libdir} COMPONENT development)
 
-# The .pc file finds its prefix from where it lies, so that an installed tree can be moved.
+# The .pc files find their prefix from where they lie, so that an installed tree can be moved.
 file(RELATIVE_PATH prefix_from_pc
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" prefix_from_pc "${prefix_from_pc}")
-configure_file(${PROJECT_SOURCE_DIR}/cmake/ymap_ietf_if.pc.in
-    ${PROJECT_BINARY_DIR}/ymap_ietf_if.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/ymap_ietf_if.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+foreach(package ymap_ietf_if ymap_stand_in)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/${package}.pc.in
+        ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${package}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endforeach()

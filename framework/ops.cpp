@@ -9,7 +9,6 @@
 #include <cstdarg>
 #include <cstring>
 #include <mutex>
-#include <span>
 #include <string>
 
 #include "run_state.h"
@@ -23,9 +22,9 @@ using State = Run::State;
 /// The run of a context that isn't the current run's.
 [[gnu::cold, gnu::noinline]] State* run_of_other(Op op, const OzkDebugCtx* debug_ctx)
 {
-    if (current_state != nullptr) {
-        current_state->fault(op, debug_ctx == nullptr ? "null context" : "context of another run");
-        return current_state;
+    if (current.state != nullptr) {
+        current.state->fault(op, debug_ctx == nullptr ? "null context" : "context of another run");
+        return current.state;
     }
     if (debug_ctx == nullptr || debug_ctx->run == nullptr)
         return nullptr;
@@ -35,7 +34,7 @@ using State = Run::State;
 /// The run of a context, or null for a context without one.
 State* run_of(Op op, const OzkMapCtx* ctx)
 {
-    State* state = current_state;
+    State* state = current.state;
     if (state != nullptr && ctx == &state->ctx) [[likely]]
         return state;
     return run_of_other(op, ctx != nullptr ? &ctx->_debug_ctx : nullptr);
@@ -43,8 +42,8 @@ State* run_of(Op op, const OzkMapCtx* ctx)
 
 State* run_of_handle(uint64_t handle)
 {
-    if (current_state != nullptr || handle == 0)
-        return current_state;
+    if (current.state != nullptr || handle == 0)
+        return current.state;
     return reinterpret_cast<const State::Handle*>(handle)->owner;
 }
 
@@ -56,28 +55,26 @@ bool is_edit(const State* state)
 /// RFC 6241, 7.2: merge, replace and create bring the node into being, inherited or not.
 bool adds(const OzkMapNode& node)
 {
-    const Edit edit = static_cast<Edit>(node.edit);
+    const Edit edit = edit_of(node);
     return edit == Edit::create || edit == Edit::merge || edit == Edit::replace;
 }
 
 /// A delete is asked for where it stands; what lies below goes with it and is no delete of its own.
-bool deletes(const OzkMapNode& node)
+bool deletes_here(const OzkMapNode& node)
 {
-    const Edit edit = static_cast<Edit>(node.edit);
-    return node.edit_is_own != 0 && (edit == Edit::erase || edit == Edit::remove);
+    return node.edit_is_own != 0 && deletes(edit_of(node));
 }
 
 /// Asks `test` of the node in the current run, if there is one.
 template <Op op>
 int ask_edit(const OzkMapNode* node, bool (*test)(const OzkMapNode&))
 {
-    State* state   = current_state;
+    State* state   = current.state;
     const auto ask = [=] { return uint32_t{node != nullptr && is_edit(state) && test(*node)}; };
     if (state == nullptr)
         return static_cast<int>(ask());
     if (node == nullptr)
         state->fault(op, "null node");
-    state->asked = node;
     return static_cast<int>(perform<op>(
         *state, [=](Call& call) { call.node = node; }, ask));
 }
@@ -85,27 +82,6 @@ int ask_edit(const OzkMapNode* node, bool (*test)(const OzkMapNode&))
 const char* tag_of(const OzkMapNode* node)
 {
     return node != nullptr && node->tag != nullptr ? node->tag : "-";
-}
-
-/// The node that a copy of its tag is made for: the one that was asked about last or another child
-/// of the node being walked, or that node itself.
-const OzkMapNode* node_of_tag(const State& state, const char* tag)
-{
-    if (tag == nullptr || state.hierarchy.empty())
-        return nullptr;
-    const OzkMapNode* parent = state.hierarchy.back().node;
-    if (parent == nullptr)
-        return nullptr;
-    const bool has_children =
-        (parent->flags & MAP_NODE_HAS_SUBTREES) != 0 && parent->subtrees != nullptr;
-    const std::span children(parent->subtrees, has_children ? parent->subtree_count : 0);
-    const OzkMapNode* found = nullptr;
-    for (const OzkMapNode& child : children)
-        if (child.tag == tag && (found == nullptr || &child == state.asked))
-            found = &child;
-    if (found == nullptr && parent->tag == tag)
-        found = parent;
-    return found;
 }
 
 /// Copies for callers outside of any run. They are released with the process.
@@ -124,7 +100,7 @@ char* copy_without_run(const char* text)
 /// The level test, where it has to be shown to somebody or isn't asked by the current run.
 [[gnu::cold, gnu::noinline]] int should_log_otherwise(const OzkDebugCtx* debug_ctx, uint32_t level)
 {
-    State* state = current_state;
+    State* state = current.state;
     if (state == nullptr || debug_ctx != &state->ctx._debug_ctx)
         state = run_of_other(Op::should_log, debug_ctx);
     const auto is_on = [=] {
@@ -163,12 +139,16 @@ int match(const char* first, const char* second)
 
 std::string format_entry(const char* format, va_list arguments)
 {
+    char buffer[512]; // most entries fit
     va_list again;
     va_copy(again, arguments);
-    const int size = vsnprintf(nullptr, 0, format, again);
+    const int size = vsnprintf(buffer, sizeof buffer, format, again);
     va_end(again);
-    std::string line(size > 0 ? static_cast<size_t>(size) : 0, '\0');
-    vsnprintf(line.data(), line.size() + 1, format, arguments);
+    const size_t length = size > 0 ? static_cast<size_t>(size) : 0;
+    if (length < sizeof buffer)
+        return {buffer, length};
+    std::string line(length, '\0');
+    vsnprintf(line.data(), length + 1, format, arguments);
     return line;
 }
 
@@ -193,8 +173,6 @@ uint32_t ozk_map_add_to_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* node, u
         },
         [=] {
             state->hierarchy.push_back({node, kind});
-            state->reached  = {node, nullptr};
-            state->compared = nullptr;
             return uint32_t{MAP_OK};
         });
 }
@@ -219,10 +197,6 @@ uint32_t ozk_map_remove_from_node_hierarchy(OzkMapCtx* ctx, const OzkMapNode* no
                 return uint32_t{MAP_ERR_INVALID_ARGS};
             }
             state->hierarchy.pop_back();
-            if (state->compared != nullptr) {
-                state->reached  = {node, state->compared};
-                state->compared = nullptr;
-            }
             return uint32_t{MAP_OK};
         });
 }
@@ -244,12 +218,8 @@ uint32_t ozk_map_update_current_list_node(OzkMapCtx* ctx, const char* list_path)
 
 int ozk_map_do_these_match(const char* first, const char* second)
 {
-    State* state = current_state;
-    if (state != nullptr) [[likely]] {
-        state->compared = first;
-        if (state->hooked) [[unlikely]]
-            return match_hooked(*state, first, second);
-    }
+    if (current.is_hooked) [[unlikely]]
+        return match_hooked(*current.state, first, second);
     return match(first, second);
 }
 
@@ -260,7 +230,7 @@ int ozk_map_is_request_add(const OzkMapNode* node)
 
 int ozk_map_is_request_delete(const OzkMapNode* node)
 {
-    return ask_edit<Op::is_request_delete>(node, deletes);
+    return ask_edit<Op::is_request_delete>(node, deletes_here);
 }
 
 uint32_t ozk_map_datatree_add_path_flagged(OzkMapCtx* ctx, OzkDataTree* tree, const char* path,
@@ -299,14 +269,9 @@ uint32_t ozk_map_datatree_add_path_flagged(OzkMapCtx* ctx, OzkDataTree* tree, co
         [=] {
             if (!is_valid)
                 return uint32_t{MAP_ERR_INVALID_ARGS};
-            AddedPath& added    = state->tree.paths.emplace_back();
-            added.path          = state->intern_static(path);
-            added.ns_uri        = state->intern_static(ns_uri);
-            added.ref_node      = ref_node;
-            added.value_pointer = value;
-            added.is_list       = is_list != 0;
-            if (value != nullptr)
-                added.value.emplace(value);
+            const OzkMapNode* walked =
+                state->hierarchy.empty() ? nullptr : state->hierarchy.back().node;
+            state->tree.paths.push_back({path, ns_uri, value, ref_node, walked, is_list != 0});
             return uint32_t{MAP_OK};
         });
 }
@@ -314,7 +279,7 @@ uint32_t ozk_map_datatree_add_path_flagged(OzkMapCtx* ctx, OzkDataTree* tree, co
 char* ozk_strdup(const char* text, const char* memory_tag)
 {
     constexpr Op op = Op::copy_text;
-    State* state    = current_state;
+    State* state    = current.state;
     if (state == nullptr)
         return text != nullptr ? copy_without_run(text) : nullptr;
     if (memory_tag == nullptr || std::strcmp(memory_tag, MAP_MEMORY_TAG) != 0)
@@ -327,7 +292,6 @@ char* ozk_strdup(const char* text, const char* memory_tag)
             call.text_2 = memory_tag;
         },
         [=, &copy] {
-            state->offending_node = node_of_tag(*state, text);
             if (text != nullptr) {
                 char* kept = state->texts.keep(text);
                 state->copies.push_back(kept);
@@ -340,9 +304,7 @@ char* ozk_strdup(const char* text, const char* memory_tag)
 
 int ozk_debug_should_log(const OzkDebugCtx* debug_ctx, uint32_t level)
 {
-    const State* state = current_state;
-    if (state != nullptr && debug_ctx == &state->ctx._debug_ctx && !state->hooked && level < 32)
-        [[likely]]
+    if (debug_ctx == current.debug_ctx && level < 32) [[likely]]
         return static_cast<int>(debug_ctx->levels >> level & 1);
     return should_log_otherwise(debug_ctx, level);
 }
@@ -395,7 +357,7 @@ void _tlm_dt_log_filter_adv(uint64_t log, uint32_t zero_1, uint32_t zero_2, uint
 uint32_t ret_nc_ozk_trace_index_incr(void)
 {
     static std::atomic<uint32_t> index_without_run{0};
-    State* state = current_state;
+    State* state = current.state;
     if (state == nullptr)
         return ++index_without_run;
     return perform<Op::trace_index>(

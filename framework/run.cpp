@@ -1,4 +1,4 @@
-// The class that owns a run: what surrounds the operations, and how calls are written as text.
+// The class that owns a run: what surrounds the operations.
 
 #include "run.h"
 
@@ -9,15 +9,28 @@
 
 namespace ozk {
 
-constinit thread_local Run::State* current_state = nullptr;
+namespace {
+
+constexpr OzkDebugCtx no_debug_ctx{};
+
+} // namespace
+
+constinit thread_local ThreadState current{nullptr, &no_debug_ctx, false};
+
+void make_current(Run::State* state)
+{
+    const bool is_hooked = state != nullptr && state->hooked;
+    current = {state, state != nullptr && !is_hooked ? &state->ctx._debug_ctx : &no_debug_ctx,
+               is_hooked};
+}
 
 namespace {
 
 /// Makes a run the thread's current one for a scope. Walks may be nested.
 class CurrentScope {
 public:
-    explicit CurrentScope(Run::State& state) : before_(current_state) { current_state = &state; }
-    ~CurrentScope() { current_state = before_; }
+    explicit CurrentScope(Run::State& state) : before_(current.state) { make_current(&state); }
+    ~CurrentScope() { make_current(before_); }
     CurrentScope(const CurrentScope&)            = delete;
     CurrentScope& operator=(const CurrentScope&) = delete;
 
@@ -25,39 +38,7 @@ private:
     Run::State* before_;
 };
 
-const char* level_name(uint32_t level)
-{
-    return level == MAP_LOG_ERROR ? "error" : level == MAP_LOG_TRACE ? "trace" : "other";
-}
-
-/// The text on one line: control characters and backslashes escaped; null as `-`.
-std::string shown(const char* text)
-{
-    if (text == nullptr)
-        return "-";
-    std::string out;
-    for (; *text != '\0'; ++text) {
-        const auto byte = static_cast<unsigned char>(*text);
-        if (byte < 0x20 || byte == 0x7f) {
-            char escape[8];
-            snprintf(escape, sizeof escape, "\\x%02x", byte);
-            out += escape;
-        } else {
-            out += byte == '\\' ? "\\\\" : std::string(1, *text);
-        }
-    }
-    return out;
-}
-
-std::string shown(const OzkMapNode* node)
-{
-    return node != nullptr ? shown(node->tag) : "-";
-}
-
 } // namespace
-
-// ---------------------------------------------------------------------------------------------
-// Calls as text
 
 const char* name_of(Op op)
 {
@@ -79,34 +60,6 @@ const char* name_of(Op op)
     return "-";
 }
 
-std::string to_text(const Call& call)
-{
-    const std::string node   = shown(call.node);
-    const std::string text_1 = shown(call.text_1);
-    const std::string text_2 = shown(call.text_2);
-    const std::string result = ") = " + std::to_string(call.result);
-    std::string name         = std::string(name_of(call.op)) + "(";
-    switch (call.op) {
-    case Op::hierarchy_add:
-        return name + node + (call.kind == MAP_HIER_LIST ? ", list)" : ", container)");
-    case Op::hierarchy_remove: return name + node + ")";
-    case Op::update_list: return name + text_1 + result;
-    case Op::is_request_add:
-    case Op::is_request_delete: return name + node + result;
-    case Op::match: return name + text_1 + ", " + text_2 + result;
-    case Op::copy_text: return name + text_1 + ", " + text_2 + ")";
-    case Op::add_path:
-        return name + text_1 + ", " + text_2 + ", " + shown(call.value) + ", " + node + ", " +
-               std::to_string(call.kind) + result;
-    case Op::should_log: return name + level_name(call.kind) + result;
-    case Op::log: return name + level_name(call.kind) + ", " + shown(call.line.c_str()) + ")";
-    case Op::trace_index: return name + result;
-    case Op::trace: return name + shown(call.line.c_str()) + ")";
-    case Op::sibling: return name + text_1 + ", " + node + result;
-    }
-    return name;
-}
-
 // ---------------------------------------------------------------------------------------------
 // The run
 
@@ -119,6 +72,13 @@ Run::State::State(Run& owner, uint32_t op_code) : run(owner)
     ctx.error_log      = value_of(error_log);
     ctx.trace_log      = value_of(trace_log);
     ctx.trace_buffer   = value_of(trace_buffer);
+}
+
+void Run::State::update_hooked()
+{
+    hooked = recording || listener != nullptr || !answers.empty();
+    if (ozk::current.state == this)
+        make_current(this);
 }
 
 void Run::State::fault(Op op, std::string_view what) noexcept
@@ -150,8 +110,6 @@ uint32_t Run::walk(OzkMapFunction* function, const OzkMapNode* node)
     const size_t depth        = state_->hierarchy.size();
     const size_t floor_before = std::exchange(state_->hierarchy_floor, depth);
     const char* tag_before    = state_->request.offending_tag;
-    state_->reached           = {};
-    state_->compared          = nullptr;
 
     const uint32_t status = function(&state_->ctx, node, &state_->tree);
 
@@ -214,12 +172,22 @@ void Run::on_call(std::function<void(Run&, const Call&)> listener)
     state_->update_hooked();
 }
 
+void Run::on_sibling(std::function<void(const char*, const OzkMapNode*)> listener)
+{
+    state_->sibling_listener = std::move(listener);
+}
+
 void Run::answer(Op op, size_t k, uint32_t status)
 {
     if (!can_be_answered(op))
         throw std::invalid_argument(std::string("no answer can be set for ") + name_of(op));
     state_->answers[{op, k}] = status;
     state_->update_hooked();
+}
+
+bool Run::records_calls() const
+{
+    return state_->recording;
 }
 
 std::span<const Call> Run::calls() const
@@ -235,23 +203,6 @@ std::span<const AddedPath> Run::added() const
 const char* Run::offending_tag() const
 {
     return state_->request.offending_tag;
-}
-
-const OzkMapNode* Run::offending_node() const
-{
-    return state_->offending_node;
-}
-
-const OzkMapNode* Run::reached_node() const
-{
-    const auto [node, child_tag] = state_->reached;
-    if (node == nullptr || child_tag == nullptr)
-        return node;
-    if ((node->flags & MAP_NODE_HAS_SUBTREES) == 0 || node->subtrees == nullptr)
-        return nullptr;
-    const std::span children(node->subtrees, node->subtree_count);
-    const auto found = std::ranges::find(children, child_tag, &OzkMapNode::tag);
-    return found != children.end() ? &*found : nullptr;
 }
 
 std::vector<std::string> Run::trace_lines() const
@@ -271,7 +222,7 @@ std::span<const std::string> Run::faults() const
 
 Run* Run::current()
 {
-    return current_state != nullptr ? &current_state->run : nullptr;
+    return ozk::current.state != nullptr ? &ozk::current.state->run : nullptr;
 }
 
 uint32_t Run::sibling_called(const char* entry_point, const OzkMapNode* node)
@@ -282,7 +233,11 @@ uint32_t Run::sibling_called(const char* entry_point, const OzkMapNode* node)
             call.text_1 = entry_point;
             call.node   = node;
         },
-        [] { return uint32_t{MAP_OK}; });
+        [=, this] {
+            if (state_->sibling_listener)
+                state_->sibling_listener(entry_point, node);
+            return uint32_t{MAP_OK};
+        });
 }
 
 } // namespace ozk

@@ -12,13 +12,12 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "data_tree.h"
+#include "tree.h"
 #include "ymap.h"
 
 namespace ozk {
@@ -59,33 +58,29 @@ struct Call {
     const char* format    = nullptr;
 };
 
-/// A call in one line, as `ymap --calls` prints it and a test can compare it, such as
-/// `ozk_map_do_these_match(name, name) = 1`. Nodes are written by tag, null as `-`.
-std::string to_text(const Call& call);
-
-/// One path that was added to the output tree, in the order of the adds. Texts are copies, so that
-/// it outlives the library; those of `path` and `ns_uri` are the run's. `ref_node` is a node of the
-/// input.
+/// One path that was added to the output tree, in the order of the adds. The texts are those that
+/// were handed over: of the input tree, which has to live as long, and of the map library.
 struct AddedPath {
-    std::string_view path;
-    std::string_view ns_uri;
-    std::optional<std::string> value;
-    const OzkMapNode* ref_node = nullptr;
-    const char* value_pointer  = nullptr; ///< the very pointer that was handed over
-    bool is_list               = false;
+    const char* path;
+    const char* ns_uri;
+    const char* value;          ///< null for none
+    const OzkMapNode* ref_node; ///< a node of the input, or null
+    const OzkMapNode* walked;   ///< the node that stood on top of the hierarchy, or null
+    bool is_list;
 };
 
-/// The data tree that added paths stand for. A list add opens a new entry; later adds below its
-/// path go into that entry; the same leaf added twice is one leaf. The nodes of roots with the
-/// same name and namespace are one root. `line` and `edit` are those of the reference node.
-std::vector<DataNode> build_data_tree(std::span<const AddedPath> paths);
-
-/// Whether `path` lies below the node of `above`.
-inline bool is_below(const AddedPath& path, const AddedPath& above)
+/// The node of the input that a path stands for: the one that it refers to or, of a list path that
+/// refers to none, the entry that was being walked; null if there is none.
+inline const OzkMapNode* origin_of(const AddedPath& added)
 {
-    return path.ns_uri == above.ns_uri && path.path.size() > above.path.size() &&
-           path.path.starts_with(above.path) && path.path[above.path.size()] == '/';
+    return added.ref_node != nullptr || !added.is_list ? added.ref_node : added.walked;
 }
+
+/// The tree that added paths stand for. A list path begins a new entry; later paths below it go
+/// into that entry; the same leaf added twice is one leaf. Each node has `origin`, `line` and the
+/// edit operation of its origin, or else the operation of the node above: that of the roots is
+/// `default_edit`. Values are the paths' own texts.
+Tree tree_of(std::span<const AddedPath> paths, Edit default_edit = Edit::none);
 
 /// One mapping run. What it hands out, records and texts, lives as long as it does.
 class Run {
@@ -121,6 +116,9 @@ public:
     /// throws is a fault, and the operation is not carried out.
     void on_call(std::function<void(Run&, const Call&)> listener);
 
+    /// Called for each call of a sibling library; costs nothing else.
+    void on_sibling(std::function<void(const char* entry_point, const OzkMapNode* node)> listener);
+
     // --- Answers, to be set before a walk
 
     /// Lets the k-th call (from 1) of `op` that the run sees answer `status` and do nothing; for
@@ -130,16 +128,10 @@ public:
 
     // --- What came of it
 
+    bool records_calls() const;
     std::span<const Call> calls() const;
     std::span<const AddedPath> added() const;
-    const char* offending_tag() const; ///< null if none was left
-    /// The node whose tag was copied last, or null if the framework can't tell; for messages. It
-    /// is searched for among the children of the node that was added to the hierarchy last.
-    const OzkMapNode* offending_node() const;
-    /// The node that the walk had come to, or null if it was none with a tag: the child whose tag
-    /// was compared last, the first of its siblings with that tag, or the node added to the
-    /// hierarchy last. A walk that fails ends there.
-    const OzkMapNode* reached_node() const;
+    const char* offending_tag() const;            ///< null if none was left
     std::vector<std::string> trace_lines() const; ///< oldest first
     uint32_t trace_index() const;                 ///< running number of the last trace line
     /// Calls that broke the contract, a line each: a remove that isn't the last add's, a hierarchy

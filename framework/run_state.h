@@ -54,20 +54,8 @@ struct Run::State {
 
     /// Whether operations have to go the long way: a listener, a record or answers wait for them.
     bool hooked = false;
-    /// Text of the comparison made last, until an add or a remove makes it `reached`: comparisons
-    /// are too many to do more.
-    const char* compared = nullptr;
-    /// Where the walk has come to: `node`, or its child with `child_tag` if that isn't null.
-    struct Reached {
-        const OzkMapNode* node = nullptr;
-        const char* child_tag  = nullptr;
-    };
-    Reached reached;
-
     std::vector<Walked> hierarchy;
-    size_t hierarchy_floor           = 0;       ///< nodes on it that the walk going on found there
-    const OzkMapNode* asked          = nullptr; ///< node of the last test of its edit
-    const OzkMapNode* offending_node = nullptr;
+    size_t hierarchy_floor = 0; ///< nodes on it that the walk going on found there
 
     Texts texts;
     std::vector<const char*> copies; ///< what ozk_strdup gave out
@@ -81,30 +69,26 @@ struct Run::State {
     bool recording = false;
     std::vector<Call> calls;
     std::shared_ptr<Listener> listener;
+    std::function<void(const char* entry_point, const OzkMapNode* node)> sibling_listener;
     std::map<std::pair<Op, size_t>, uint32_t> answers; ///< by operation and number of its call
     /// Calls so far of each operation that can_be_answered().
     std::array<size_t, static_cast<size_t>(Op::sibling) + 1> seen{};
 
-    void update_hooked() { hooked = recording || listener != nullptr || !answers.empty(); }
+    void update_hooked();
 
     /// Reports a broken contract. A report that finds no memory ends the process.
     void fault(Op op, std::string_view what) noexcept;
-    /// A copy of a path or namespace. Those are static texts, which come again and again under the
-    /// same address; the text is compared all the same, since a library may be unloaded.
-    std::string_view intern_static(const char* text)
-    {
-        auto& known = known_texts_[(reinterpret_cast<uintptr_t>(text) >> 3) % known_texts_.size()];
-        if (known.first != text || std::strcmp(known.second.data(), text) != 0)
-            known = {text, texts.intern(text)};
-        return known.second;
-    }
-
-private:
-    std::array<std::pair<const char*, std::string_view>, 128> known_texts_{};
 };
 
-/// The run that is the thread's current one, or null.
-extern constinit thread_local Run::State* current_state;
+/// What the operations that are called most need of the thread's current run, in one place.
+struct ThreadState {
+    Run::State* state;            ///< null outside of walks
+    const OzkDebugCtx* debug_ctx; ///< of the current run while it isn't hooked; never null
+    bool is_hooked;
+};
+extern constinit thread_local ThreadState current;
+
+void make_current(Run::State* state);
 
 /// What an operation answers if it could not be carried out for want of memory, or because a
 /// listener threw. It is the framework's own and no status of a map library.
@@ -117,9 +101,12 @@ template <Op op, class Describe, class Effect>
 {
     Call call{.op = op};
     describe(call);
-    if (const auto listener = state.listener) // kept, as it may set another one
+    if (state.listener != nullptr) {
+        const auto listener = state.listener; // kept, as it may set another one
         (*listener)(state.run, call);
-    const auto answer     = state.answers.find({op, count});
+    }
+    const auto answer =
+        state.answers.empty() ? state.answers.end() : state.answers.find({op, count});
     const uint32_t result = answer != state.answers.end() ? answer->second : effect();
     call.result           = result;
     if (state.recording)

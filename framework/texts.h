@@ -1,5 +1,4 @@
-// Storage of texts that live as long as their owner, an input tree or a run. Internal to the
-// framework.
+// Storage of texts that live as long as their owner, a tree or a run. Internal to the framework.
 
 #ifndef OZK_TEXTS_H
 #define OZK_TEXTS_H
@@ -10,6 +9,27 @@
 #include <unordered_set>
 
 namespace ozk {
+
+/// An arena that knows how much was asked of it.
+class Arena : public std::pmr::memory_resource {
+public:
+    size_t size() const { return size_; }
+
+private:
+    void* do_allocate(size_t bytes, size_t alignment) override
+    {
+        size_ += bytes;
+        return arena_.allocate(bytes, alignment);
+    }
+    void do_deallocate(void*, size_t, size_t) override {}
+    bool do_is_equal(const memory_resource& other) const noexcept override
+    {
+        return this == &other;
+    }
+
+    std::pmr::monotonic_buffer_resource arena_;
+    size_t size_ = 0;
+};
 
 class Texts {
 public:
@@ -31,10 +51,11 @@ public:
         return *interned_.emplace(keep(text), text.size()).first;
     }
 
-    std::pmr::memory_resource& arena() { return arena_; }
+    Arena& arena() { return arena_; }
+    size_t size() const { return arena_.size(); }
 
 private:
-    std::pmr::monotonic_buffer_resource arena_;
+    Arena arena_;
     std::unordered_set<std::string_view> interned_;
 };
 

@@ -1,4 +1,4 @@
-// Fuzzes the walk: the bytes are a root, an operation, switches, a tree and what the framework
+// Fuzzes the map library: the bytes are a root, an operation, a tree and what the framework
 // answers; what must hold afterwards is what the property test checks too.
 
 #include <cstdio>
@@ -10,9 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    const std::vector<std::string> wrong = test::violations(test::CheckedCase({data, size}));
-    for (const std::string& line : wrong)
-        fprintf(stderr, "%s\n", line.c_str());
+    const std::string wrong = test::walk(test::CheckedCase({data, size})).wrong;
+    fputs(wrong.c_str(), stderr);
     if (!wrong.empty())
         abort();
     return 0;

@@ -4,8 +4,9 @@
 #ifndef YMAP_HOST_COMMANDS_H
 #define YMAP_HOST_COMMANDS_H
 
-#include <cstdint>
 #include <functional>
+
+#include "map.h"
 
 namespace CLI {
 class App;
@@ -23,11 +24,12 @@ enum ExitStatus : int {
     exit_bad_input  = 2, ///< the input or the command line is at fault; nothing was walked
 };
 
-/// What the command line asks for; its result is the exit status. May throw InputError.
+/// What the command line asks for; its result is the exit status. May throw.
 using Command = std::function<int()>;
 
-/// Adds --depth-limit, for a verb that reads documents; `limit` holds the default.
-void add_depth_limit_option(CLI::App& verb, uint32_t& limit);
+/// agent::map(), with what is wrong with the request as an InputError.
+agent::Mapping map_request(agent::Request& request, const agent::MapLibrary& library,
+                           const agent::Hooks& hooks);
 
 void add_map_command(CLI::App& app, Command& chosen);
 void add_table_command(CLI::App& app, Command& chosen);

@@ -2,8 +2,6 @@
 
 #include "edit.h"
 
-#include <array>
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,10 +10,11 @@
 #include <fmt/format.h>
 
 #include "commands.h"
-#include "diagnostics.h"
-#include "input_error.h"
-#include "native.h"
-#include "walk.h"
+#include "documents.h"
+#include "options.h"
+#include "output.h"
+#include "reply.h"
+#include "report.h"
 
 namespace ymap::host {
 
@@ -24,74 +23,59 @@ namespace {
 struct EditVerbOptions {
     std::string request;
     std::string data;
-    uint32_t depth_limit = ReadOptions{}.depth_limit;
+    std::string unmapped = "refuse";
+    bool reply           = false;
+    uint32_t depth_limit = formats::DEFAULT_DEPTH_LIMIT;
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
 
-constexpr std::array<std::string_view, 2> interface_configuration_key = {"active",
-                                                                         "interface-name"};
-/// The keys of the native lists that an edit can reach.
-constexpr ozk::ListKey list_keys[] = {
-    {NS_NQ_IFMGR_CFG, "/interface-configurations/interface-configuration",
-     interface_configuration_key},
-};
-
-/// An operation of a root that covers all below it holds for the named entries alone: the map has
-/// no path for a root.
-void warn_of_root_operations(const Request& request)
+/// Prints a document as it came: what stood around its roots stands there again.
+void print_document(const OzkMapNode& top)
 {
-    for (const RequestRoot& root : request.roots) {
-        const OzkMapNode& node = root.tree.root();
-        const auto edit        = static_cast<ozk::Edit>(node.edit);
-        if (edit == ozk::Edit::replace || edit == ozk::Edit::erase || edit == ozk::Edit::remove)
-            fmt::print(stderr,
-                       "{}:{}: the operation on /{} reaches the entries that the request names and "
-                       "no others\n",
-                       request.document, node.line, node.tag);
+    formats::Output out(print);
+    const auto roots      = ozk::children(top);
+    const bool is_wrapped = top.tag != nullptr || roots.size() != 1;
+    const char* ns_uri    = nullptr;
+    if (is_wrapped) {
+        ns_uri = data::NS_NETCONF;
+        out << fmt::format("<{} xmlns=\"{}\">\n", top.tag != nullptr ? top.tag : "data", ns_uri);
     }
+    for (const OzkMapNode& root : roots)
+        write_xml(out, root, ns_uri, formats::Layout::lines, is_wrapped ? 2 : 0);
+    if (is_wrapped)
+        out << fmt::format("</{}>\n", top.tag != nullptr ? top.tag : "data");
+    out.flush();
 }
 
 int edit(const EditVerbOptions& options)
 {
-    const Request request =
-        read_client_request(options.request, options.depth_limit, true, MAP_OP_EDIT);
-    NativeDocument document = read_native_document(options.data, options.depth_limit);
-    const MapLibrary library(options.library);
-    const std::vector<Step> steps = plan_walks(request, library);
+    agent::Request request = read_request(options.request, options.depth_limit, true, MAP_OP_EDIT);
+    const NativeData natives({&options.data, 1}, options.depth_limit);
+    const agent::Native native      = natives.documents().front();
+    const agent::MapLibrary library = load_library(options.library);
+    const agent::Edited edited =
+        agent::edit(request, native, library, {.drops_unmapped = options.unmapped == "drop"},
+                    hooks_for(options.diagnostics, true, true));
 
-    ozk::Run run(request.op_code);
-    switch_on(run, options.diagnostics);
-    const std::vector<Walk> walks = walk_roots(run, steps);
-    if (options.diagnostics.calls)
-        fmt::print(stderr, "{}", calls_text(run));
-    if (options.diagnostics.trace)
-        print_trace(run);
-    const bool failed = report_walks(request.document, walks);
-    if (report_faults(request.document, run) || failed)
-        return exit_walk_error;
-
-    for (const ozk::AddedPath& added : run.added()) {
-        const std::string_view path = added.path.substr(1);
-        const ModelRoot* root       = find_root(added.ns_uri, path.substr(0, path.find('/')));
-        if (root != document.model_root)
-            throw InputError(fmt::format("{}: the edit is of {} ({}), not of /{} ({})",
-                                         document.name, added.path, prefix_of(added.ns_uri),
-                                         document.model_root->name,
-                                         prefix_of(document.model_root->ns_uri)));
+    const std::string& name = request.document.name;
+    report_notes(name, edited.notes);
+    const bool is_refused = report_errors(name, edited.errors);
+    const bool is_broken  = report_faults(name, edited.faults);
+    if (options.reply) {
+        formats::Output out(print);
+        netconf::Reply reply(out, request.document, request.rpc(), formats::Layout::lines);
+        if (is_refused)
+            reply.errors(edited.errors);
+        else
+            reply.ok();
+        out.flush();
+    } else if (!is_refused && request.test_only) {
+        fmt::print(stderr, "{}: the edit would be carried out; test-only: no document\n", name);
+    } else if (!is_refused && !is_broken) {
+        print_document(*native.top);
     }
-    warn_of_root_operations(request);
-    std::string text;
-    try {
-        append_xml(text, ozk::apply_edit(std::move(document.root), run.added(), list_keys), "", 0);
-    } catch (const ozk::EditError& error) {
-        fmt::print(stderr, "{}{}: {}\n", request.document,
-                   error.line != 0 ? fmt::format(":{}", error.line) : "",
-                   for_message(error.what()));
-        return exit_walk_error;
-    }
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    return exit_mapped;
+    return is_refused || is_broken ? exit_walk_error : exit_mapped;
 }
 
 } // namespace
@@ -107,9 +91,18 @@ void add_edit_command(CLI::App& app, Command& chosen)
                      "its opposite. An edit that is refused prints no document")
         ->required()
         ->type_name("");
-    verb->add_option("--data", options->data, "Native configuration, a bare data tree")
+    verb->add_option("--data", options->data,
+                     "Native configuration in XML or JSON: a bare data tree, a <data>, a <config> "
+                     "or a whole <rpc-reply>")
         ->required()
         ->type_name("NATIVE");
+    verb->add_option("--unmapped", options->unmapped,
+                     "What becomes of an edit that holds what the map doesn't carry out, such as "
+                     "'type': it is refused, or that is dropped and told on standard error")
+        ->check(CLI::IsMember({"refuse", "drop"}))
+        ->capture_default_str();
+    verb->add_flag("--reply", options->reply,
+                   "Print the reply, <ok/> or <rpc-error>, in place of the document");
     add_diagnostics_options(*verb, options->diagnostics,
                             "Print every call of the framework on standard error");
     add_depth_limit_option(*verb, options->depth_limit);

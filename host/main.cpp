@@ -15,16 +15,9 @@
 #include <fmt/core.h>
 
 #include "commands.h"
-#include "document.h"
-#include "input_error.h"
-
-void ymap::host::add_depth_limit_option(CLI::App& verb, uint32_t& limit)
-{
-    verb.add_option("--depth-limit", limit,
-                    "Levels that a document may be nested, those of NETCONF included")
-        ->check(CLI::Range(uint32_t{1}, MAX_DEPTH_LIMIT))
-        ->capture_default_str();
-}
+#include "library.h"
+#include "reader.h"
+#include "text.h"
 
 int main(int argc, char** argv)
 {
@@ -56,8 +49,8 @@ int main(int argc, char** argv)
         // The parser would only say that a verb is missing.
         if (argc > 1 && argv[1][0] != '-' &&
             std::ranges::find(verbs, argv[1], &CLI::App::get_name) == verbs.end())
-            throw InputError(
-                for_message(fmt::format("ymap: no verb '{}'; see ymap --help", argv[1])));
+            throw ymap::formats::InputError("ymap", 0,
+                                            fmt::format("no verb '{}'; see ymap --help", argv[1]));
         app.parse(argc, argv);
         const int status = chosen();
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
@@ -68,11 +61,11 @@ int main(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return app.exit(error); // --help, --version
-        fmt::print(stderr, "ymap: {}; see ymap --help\n", error.what());
-    } catch (const InputError& error) {
+        fmt::print(stderr, "ymap: {}; see ymap --help\n", ymap::data::for_message(error.what()));
+    } catch (const ymap::formats::InputError& error) {
         fmt::print(stderr, "{}\n", error.what());
     } catch (const std::exception& error) {
-        fmt::print(stderr, "ymap: {}\n", error.what());
+        fmt::print(stderr, "ymap: {}\n", ymap::data::for_message(error.what()));
     }
     return exit_bad_input;
 }

@@ -3,23 +3,20 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "capture.h"
+#include "case_file.h"
 #include "commands.h"
-#include "diagnostics.h"
-#include "document.h"
-#include "input_error.h"
-#include "library.h"
-#include "output.h"
-#include "run.h"
-#include "walk.h"
+#include "documents.h"
+#include "mapping.h"
+#include "options.h"
+#include "report.h"
 
 namespace ymap::host {
 
@@ -30,98 +27,121 @@ struct MapOptions {
     std::string op;
     std::string format = "table";
     std::string capture; ///< case file to write; empty: none
-    uint32_t depth_limit = ReadOptions{}.depth_limit;
+    bool keep_going      = false;
+    uint32_t depth_limit = formats::DEFAULT_DEPTH_LIMIT;
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
 
-void print(const std::string& text)
+void print_mapping(const agent::Request& request, const agent::Mapping& mapping,
+                   const MapOptions& options, bool is_first)
 {
-    std::fwrite(text.data(), 1, text.size(), stdout);
-}
-
-void print_mapping(const Mapping& mapping, const MapOptions& options, bool is_first)
-{
-    const bool has_heading = options.documents.size() > 1;
+    const std::string& name = request.document.name;
+    const bool has_heading  = options.documents.size() > 1;
     if (options.format == "json") {
-        print((is_first ? "" : ",\n") + json_text(mapping, options.diagnostics.calls));
+        print((is_first ? "" : ",\n") +
+              json_object(json_members(request, mapping, options.diagnostics.calls)));
     } else if (options.format == "xml") {
         if (options.diagnostics.calls)
-            fmt::print(stderr, "{}", calls_text(mapping.run));
+            fmt::print(stderr, "{}", calls_text(*mapping.run));
         if (has_heading)
-            print(fmt::format("{}<!-- {} -->\n", is_first ? "" : "\n", mapping.request.document));
-        print(xml_text(mapping));
+            print(fmt::format("{}<!-- {} -->\n", is_first ? "" : "\n", name));
+        formats::Output out(print);
+        if (!write_xml_mapping(out, request, mapping) && !mapping.ended())
+            fmt::print(stderr,
+                       "{}: an operation on a root reaches entries that the request doesn't name: "
+                       "no configuration says what it does\n",
+                       name);
+        out.flush();
     } else {
         if (has_heading)
-            print(fmt::format("{}{}:\n", is_first ? "" : "\n", mapping.request.document));
+            print(fmt::format("{}{}:\n", is_first ? "" : "\n", name));
         if (options.diagnostics.calls)
-            print(calls_text(mapping.run) + "\n");
-        print(table_text(mapping));
+            print(calls_text(*mapping.run) + "\n");
+        print(table_text(request, mapping));
     }
+}
+
+void check_capture(const MapOptions& options)
+{
+    if (options.documents.size() != 1)
+        throw CLI::ValidationError("--capture takes one document");
+    if (!options.library.siblings.empty())
+        throw CLI::ValidationError("--capture sees the calls of the stand-in siblings only: it "
+                                   "doesn't go with --siblings");
+    std::error_code error;
+    if (std::filesystem::equivalent(options.capture, options.documents[0], error))
+        throw formats::InputError(options.capture, 0, "the case file is the document itself");
 }
 
 int map_documents(const MapOptions& options)
 {
-    ReadOptions read_options;
-    read_options.depth_limit = options.depth_limit;
+    std::optional<uint32_t> op_code;
     if (!options.op.empty())
-        read_options.op_code = operation_codes.at(options.op);
+        op_code = operation_codes.at(options.op);
+    const bool captures = !options.capture.empty();
+    if (captures)
+        check_capture(options);
 
-    Case captured;
-    captured.read_options = read_options;
-    captured.diagnostics  = options.diagnostics;
-    if (!options.capture.empty()) {
-        if (options.documents.size() != 1)
-            throw InputError("ymap: --capture takes one document");
-        if (!options.library.siblings.empty())
-            throw InputError("ymap: --capture sees the calls of the stand-in siblings only: it "
-                             "doesn't go with --siblings");
-        std::error_code error;
-        if (std::filesystem::equivalent(options.capture, options.documents[0], error))
-            throw InputError(
-                fmt::format("{}: the case file is the document itself", options.capture));
-        captured.document = read_bytes(options.documents[0]);
-    }
-
-    // Nothing is walked or printed before all input is known to be sound.
-    std::vector<Request> requests;
-    for (const std::string& document : options.documents)
-        requests.push_back(
-            options.capture.empty()
-                ? read_document(document, read_options)
-                : parse_document(name_of_document(document), captured.document, read_options));
-    const MapLibrary library(options.library);
-    std::vector<std::vector<Step>> plans;
-    plans.reserve(requests.size());
-    for (const Request& request : requests)
-        plans.push_back(plan_walks(request, library));
-
+    // Nothing is walked or printed before all input is known to be sound, unless it may be at
+    // fault.
     int status = exit_mapped;
+    std::vector<agent::Request> requests;
+    std::string text;
+    for (const std::string& document : options.documents) {
+        try {
+            formats::Source source = formats::bytes_of_file(document);
+            if (captures) {
+                text   = formats::read_all(source);
+                source = formats::bytes_of(text);
+            }
+            requests.push_back(read_request(formats::name_of_file(document), source,
+                                            options.depth_limit, op_code));
+        } catch (const formats::InputError& error) {
+            if (!options.keep_going)
+                throw;
+            fmt::print(stderr, "{}\n", error.what());
+            status = exit_bad_input;
+        }
+    }
+    const agent::MapLibrary library = load_library(options.library);
+
+    DiagnosticsOptions diagnostics = options.diagnostics;
+    diagnostics.calls |= captures;
+    const agent::Hooks hooks = hooks_for(diagnostics, true);
     if (options.format == "json")
         print("[\n");
-    for (size_t i = 0; i < requests.size(); ++i) {
-        ozk::Run run(requests[i].op_code);
-        switch_on(run, options.diagnostics);
-        run.record_calls(options.diagnostics.calls || !options.capture.empty());
-        const Mapping mapping{requests[i], run, walk_roots(run, plans[i])};
-        if (options.diagnostics.trace)
-            print_trace(run);
-        print_mapping(mapping, options, i == 0);
-        std::fflush(stdout); // so that reports stand behind what they are about
-        const bool failed = report_walks(requests[i].document, mapping.walks);
-        if (report_faults(requests[i].document, run) || failed)
+    bool is_first = true;
+    for (agent::Request& request : requests) {
+        const std::string& name      = request.document.name;
+        const agent::Mapping mapping = map_request(request, library, hooks);
+        print_mapping(request, mapping, options, is_first);
+        is_first = false;
+        report_notes(name, mapping.notes);
+        const bool failed = report_walks(name, mapping.walks);
+        if ((report_faults(name, mapping.run->faults()) || failed) && status == exit_mapped)
             status = exit_walk_error;
-        if (!options.capture.empty())
-            captured.result = result_of(mapping);
+        if (captures)
+            write_case(options.capture,
+                       {text, options.op, options.depth_limit, diagnostics.log, diagnostics.trace},
+                       json_members(request, mapping, true));
     }
     if (options.format == "json")
         print("\n]\n");
-    if (!options.capture.empty())
-        write_bytes(options.capture, to_text(captured));
     return status;
 }
 
 } // namespace
+
+agent::Mapping map_request(agent::Request& request, const agent::MapLibrary& library,
+                           const agent::Hooks& hooks)
+{
+    try {
+        return agent::map(request, library, hooks);
+    } catch (const agent::RequestError& error) {
+        throw formats::InputError(request.document.name, error.error.line, error.error.message);
+    }
+}
 
 void add_map_command(CLI::App& app, Command& chosen)
 {
@@ -129,7 +149,8 @@ void add_map_command(CLI::App& app, Command& chosen)
     CLI::App* verb = app.add_subcommand("map", "Map documents and print the paths that come of it");
     verb->add_option("DOCUMENT", options->documents,
                      "NETCONF <rpc> with <get>, <get-config> or <edit-config>, or a bare data "
-                     "tree; - is standard input")
+                     "tree; - is standard input. What of a request the map doesn't carry out is a "
+                     "line each on standard error")
         ->required()
         ->type_name("");
     verb->add_option("--op", options->op, "Operation on bare data trees")
@@ -137,13 +158,15 @@ void add_map_command(CLI::App& app, Command& chosen)
     verb->add_option("--format", options->format, "Form of the output")
         ->check(CLI::IsMember({"table", "xml", "json"}))
         ->capture_default_str();
+    verb->add_flag("--keep-going", options->keep_going,
+                   "Go on after a document that can't be read; the exit status is 2 all the same");
     add_diagnostics_options(*verb, options->diagnostics,
                             "Print every call of the framework, ahead of the paths (with xml: on "
                             "standard error)");
     add_depth_limit_option(*verb, options->depth_limit);
     verb->add_option("--capture", options->capture,
-                     "Write the run to a case file, for ymap replay: document, switches, calls, "
-                     "paths and status")
+                     "Write the run to a case file, for ymap replay: document, switches, and what "
+                     "--format json --calls prints")
         ->type_name("FILE");
     add_library_options(*verb, options->library);
     verb->footer("Example: ymap map --calls examples/edit-create.xml");

@@ -3,21 +3,21 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "capture.h"
+#include "case_file.h"
 #include "commands.h"
-#include "document.h"
-#include "input_error.h"
-#include "library.h"
-#include "output.h"
-#include "run.h"
-#include "walk.h"
+#include "documents.h"
+#include "options.h"
+#include "report.h"
+#include "text.h"
 
 namespace ymap::host {
 
@@ -27,15 +27,15 @@ using Lines = std::vector<std::string>;
 
 struct ReplayOptions {
     std::vector<std::string> files;
+    bool update = false;
     LibraryOptions library;
 };
 
 /// A case that is ready to run.
 struct Prepared {
-    const std::string* file;
+    std::string path;
     Case captured;
-    Request request;
-    std::vector<Step> steps;
+    agent::Request request;
 };
 
 // ---------------------------------------------------------------------------------------------
@@ -106,7 +106,8 @@ std::string difference(const Lines& expected, const Lines& got)
                                          lines.begin() + static_cast<ptrdiff_t>(end),
                                          [](const Marked& line) { return line.mark != ' '; });
         if (shown)
-            text += fmt::format("    {} {}\n", lines[i].mark, without_controls(lines[i].line));
+            text +=
+                fmt::format("    {} {}\n", lines[i].mark, data::without_controls(lines[i].line));
         else if (!is_cut)
             text += "      ...\n";
         is_cut = !shown;
@@ -118,48 +119,68 @@ std::string difference(const Lines& expected, const Lines& got)
 
 // ---------------------------------------------------------------------------------------------
 
-CaseResult run_case(const Prepared& prepared)
+std::vector<JsonMember> run_case(Prepared& prepared, const agent::MapLibrary& library)
 {
-    ozk::Run run(prepared.request.op_code);
-    switch_on(run, prepared.captured.diagnostics);
-    run.set_log_stream(nullptr);
-    run.record_calls(true);
-    answer_as_recorded(run, prepared.captured.result.calls);
-    return result_of({prepared.request, run, walk_roots(run, prepared.steps)});
+    const CaseInput& input = prepared.captured.input;
+    agent::Hooks hooks     = hooks_for({.log = input.log, .calls = true}, false);
+    hooks.after_pass       = nullptr;
+    hooks.before_pass      = [&, turn_on = hooks.before_pass](ozk::Run& run, const char* pass) {
+        turn_on(run, pass);
+        run.set_trace(input.trace);
+        run.set_log_stream(nullptr);
+        for (const auto& [call, status] : prepared.captured.answers)
+            run.answer(call.first, call.second, status);
+    };
+    const agent::Mapping mapping = map_request(prepared.request, library, hooks);
+    return json_members(prepared.request, mapping, true);
+}
+
+/// What came out otherwise, member by member; empty if nothing did. The document's name is where it
+/// lay when it was captured.
+std::string differences(const Case& captured, const std::vector<JsonMember>& result)
+{
+    auto now      = compact(result);
+    auto expected = captured.members;
+    for (const auto& [name, values] : now)
+        expected.try_emplace(name);
+    expected.erase("document");
+    std::string text;
+    for (const auto& [name, values] : expected)
+        if (const std::string lines = difference(values, now[name]); !lines.empty())
+            text += fmt::format("  {}:\n{}", name, lines);
+    return text;
 }
 
 int replay(const ReplayOptions& options)
 {
     // Nothing runs before all cases are known to be sound.
     std::vector<Prepared> cases;
-    for (const std::string& file : options.files) {
-        const std::string name = name_of_document(file);
-        Prepared& next         = cases.emplace_back();
-        next.file              = &file;
-        next.captured          = parse_case(name, read_bytes(file));
-        next.request =
-            parse_document(name + ", document", next.captured.document, next.captured.read_options);
+    for (const std::string& path : options.files) {
+        const std::string name = formats::name_of_file(path);
+        Case captured          = read_case(name, formats::read_all(formats::bytes_of_file(path)));
+        const CaseInput& input = captured.input;
+        std::optional<uint32_t> op_code;
+        if (!input.op.empty())
+            op_code = operation_codes.at(input.op);
+        agent::Request request = read_request(name + ", input", formats::bytes_of(input.document),
+                                              input.depth_limit, op_code);
+        cases.push_back({path, std::move(captured), std::move(request)});
     }
-    LibraryOptions library_options      = options.library;
-    library_options.shows_sibling_calls = false;
-    const MapLibrary library(library_options);
-    for (Prepared& prepared : cases)
-        prepared.steps = plan_walks(prepared.request, library);
+    const agent::MapLibrary library = load_library(options.library);
 
     int status = exit_mapped;
-    for (const Prepared& prepared : cases) {
-        const CaseResult& expected = prepared.captured.result;
-        const CaseResult got       = run_case(prepared);
-        std::string text;
-        for (const auto& [section, a, b] : {std::tuple{"calls", &expected.calls, &got.calls},
-                                            std::tuple{"output", &expected.output, &got.output},
-                                            std::tuple{"status", &expected.status, &got.status}})
-            if (const std::string lines = difference(*a, *b); !lines.empty())
-                text += fmt::format("  {}:\n{}", section, lines);
-        fmt::print("{}: {}\n{}", name_of_document(*prepared.file),
-                   text.empty() ? "as captured" : "differs (- captured, + now)", text);
-        if (!text.empty())
+    for (Prepared& prepared : cases) {
+        const auto result      = run_case(prepared, library);
+        const std::string text = differences(prepared.captured, result);
+        if (!text.empty() && options.update)
+            write_case(prepared.path, prepared.captured.input, result);
+        else if (!text.empty())
             status = exit_differs;
+        fmt::print("{}: {}\n{}", formats::name_of_file(prepared.path),
+                   text.empty()     ? "as captured"
+                   : options.update ? "updated (- captured, + now)"
+                                    : "differs (- captured, + now)",
+                   text);
     }
     return status;
 }
@@ -174,10 +195,9 @@ void add_replay_command(CLI::App& app, Command& chosen)
     verb->add_option("FILE", options->files, "Case files; - is standard input")
         ->required()
         ->type_name("");
-    verb->add_option("--library", options->library.library,
-                     "Map library to load (default: the one built or installed with this command)")
-        ->type_name("FILE");
-    verb->footer("Example: ymap replay tests/cases/*.case");
+    verb->add_flag("--update", options->update, "Write what comes out now to cases that differ");
+    add_library_option(*verb, options->library);
+    verb->footer("Example: ymap replay tests/cases/*.json");
     verb->callback([options, &chosen] { chosen = [options] { return replay(*options); }; });
 }
 

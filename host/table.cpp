@@ -13,33 +13,32 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include "columns.h"
 #include "commands.h"
 #include "explore.h"
-#include "input_error.h"
-#include "library.h"
-#include "output.h"
+#include "options.h"
+#include "report.h"
+#include "text.h"
 
 namespace ymap::host {
 
 namespace {
 
-/// Tags that the library compares nowhere, as RFC 7223, 5 spells them: its functions' names give
-/// them without hyphens. For display only.
-constexpr std::string_view spellings[] = {"admin-status",  "oper-status",  "last-change",
-                                          "if-index",      "phys-address", "higher-layer-if",
-                                          "lower-layer-if"};
+using agent::prefix_of;
+using data::ExploredNode;
 
 struct TableOptions {
     std::string path;
-    std::string format = "text";
+    std::string model;
+    std::string format = "tree";
     bool mapped        = false;
     LibraryOptions library;
 };
 
 /// A root with its nodes, or those of them that were asked for.
 struct Section {
-    const ModelRoot* root;
-    std::vector<ozk::ExploredNode> nodes;
+    const agent::ModelRoot* root;
+    std::vector<ExploredNode> nodes;
 };
 
 using Lines = std::vector<std::string>;
@@ -48,9 +47,9 @@ using Lines = std::vector<std::string>;
 // Cells
 
 /// Names of a set of queries; both reads together are "read".
-std::string names_of(const std::set<ozk::Query>& queries)
+std::string names_of(const std::set<data::Query>& queries)
 {
-    using enum ozk::Query;
+    using enum data::Query;
     const bool is_read = queries.contains(get_config) && queries.contains(get);
     Lines names;
     if (is_read)
@@ -67,11 +66,11 @@ std::string names_of(const std::set<ozk::Query>& queries)
 /// What `describe` says of the outcomes of the queries that concern the node. Equal answers stand
 /// together, under the names of their queries where there are several answers.
 template <class Describe>
-Lines by_query(const ozk::ExploredNode& node, Describe describe)
+Lines by_query(const ExploredNode& node, Describe describe)
 {
-    using enum ozk::Query;
-    std::vector<std::pair<Lines, std::set<ozk::Query>>> groups;
-    for (const ozk::Query query : {get_config, get, edit, erase}) {
+    using enum data::Query;
+    std::vector<std::pair<Lines, std::set<data::Query>>> groups;
+    for (const data::Query query : {get_config, get, edit, erase}) {
         // A delete that the walker refuses doesn't reach the node, but says something of it.
         const bool concerns = node.on(query == erase ? edit : query).is_reached;
         if (!concerns)
@@ -90,25 +89,25 @@ Lines by_query(const ozk::ExploredNode& node, Describe describe)
     return all;
 }
 
-std::string path_text(const ozk::MappedPath& mapped)
+std::string path_text(const data::MappedPath& mapped)
 {
     std::string text = fmt::format("{}:{}", prefix_of(mapped.ns_uri), mapped.path);
     switch (mapped.value_from) {
-    case ozk::ValueFrom::nowhere: break;
-    case ozk::ValueFrom::node: text += " = value"; break;
-    case ozk::ValueFrom::above: text += " = value of the node above"; break;
-    case ozk::ValueFrom::literal: text += fmt::format(" = \"{}\"", mapped.literal); break;
+    case data::ValueFrom::nowhere: break;
+    case data::ValueFrom::node: text += " = value"; break;
+    case data::ValueFrom::above: text += " = value of the node above"; break;
+    case data::ValueFrom::literal: text += fmt::format(" = \"{}\"", mapped.literal); break;
     }
     return text + (mapped.is_list ? ", list" : "") + (mapped.only_if_empty ? ", if empty" : "") +
            (mapped.refers_to_node ? ", ref" : "");
 }
 
 /// The paths that a node maps to, a path a line.
-Lines maps_to(const ozk::ExploredNode& node)
+Lines maps_to(const ExploredNode& node)
 {
-    return by_query(node, [](const ozk::Outcome& outcome) {
+    return by_query(node, [](const data::Outcome& outcome) {
         Lines lines;
-        for (const ozk::MappedPath& mapped : outcome.paths) {
+        for (const data::MappedPath& mapped : outcome.paths) {
             const std::string text = path_text(mapped);
             if (!lines.empty() && lines.back() == text)
                 lines.back() += ", twice";
@@ -119,26 +118,26 @@ Lines maps_to(const ozk::ExploredNode& node)
     });
 }
 
-Lines statuses(const ozk::ExploredNode& node)
+Lines statuses(const ExploredNode& node)
 {
-    return by_query(node, [](const ozk::Outcome& outcome) {
-        return Lines{(outcome.status == MAP_OK ? "MAP_OK" : status_text(outcome.status)) +
+    return by_query(node, [](const data::Outcome& outcome) {
+        return Lines{(outcome.status == MAP_OK ? "MAP_OK" : agent::status_text(outcome.status)) +
                      (outcome.is_dropped ? ", dropped" : "")};
     });
 }
 
-std::string kind_text(const ozk::ExploredNode& node)
+std::string kind_text(const ExploredNode& node)
 {
     constexpr const char* names[] = {"container", "list", "leaf"};
     return names[static_cast<size_t>(node.kind)];
 }
 
 /// The operations that reach a node, "-" for all.
-std::string gate(const ozk::ExploredNode& node)
+std::string gate(const ExploredNode& node)
 {
-    using enum ozk::Query;
-    std::set<ozk::Query> reaching;
-    for (const ozk::Query query : {get_config, get, edit})
+    using enum data::Query;
+    std::set<data::Query> reaching;
+    for (const data::Query query : {get_config, get, edit})
         if (node.on(query).is_reached)
             reaching.insert(query);
     if (reaching.empty())
@@ -148,7 +147,7 @@ std::string gate(const ozk::ExploredNode& node)
 }
 
 /// Who wrote the functions of a node.
-std::string written(const ozk::ExploredNode& node)
+std::string written(const ExploredNode& node)
 {
     std::string text = node.handler_by_hand ? "by hand" : "generated";
     for (const std::string& function : node.called_by_hand)
@@ -158,24 +157,21 @@ std::string written(const ozk::ExploredNode& node)
     return text + (node.hook_by_hand ? ", augment hook by hand" : "");
 }
 
-bool is_mapped(const ozk::ExploredNode& node)
+bool is_mapped(const ExploredNode& node)
 {
     return std::ranges::any_of(node.outcomes,
-                               [](const ozk::Outcome& outcome) { return !outcome.paths.empty(); });
+                               [](const data::Outcome& outcome) { return !outcome.paths.empty(); });
 }
 
 // ---------------------------------------------------------------------------------------------
 // Formats
 
-constexpr size_t columns = 8;
-using Row                = std::array<Lines, columns>;
+const Lines titles = {"MODEL", "NODE", "KIND", "GATE", "STATUS", "WRITTEN", "MAPS TO", "HANDLER"};
 
-const std::array<std::string, columns> titles = {"MODEL",  "NODE",    "KIND",    "GATE",
-                                                 "STATUS", "WRITTEN", "MAPS TO", "HANDLER"};
-
-Row row_of(const ModelRoot& root, const ozk::ExploredNode& node)
+/// The cells of a node, each a list of lines.
+std::vector<Lines> row_of(const agent::ModelRoot& root, const ExploredNode& node)
 {
-    return {Lines{std::string(prefix_of(root.ns_uri))},
+    return {{std::string(prefix_of(root.ns_uri))},
             {node.path},
             {kind_text(node)},
             {gate(node)},
@@ -185,35 +181,81 @@ Row row_of(const ModelRoot& root, const ozk::ExploredNode& node)
             {node.handler}};
 }
 
-void print(const std::string& text)
-{
-    std::fwrite(text.data(), 1, text.size(), stdout);
-}
-
-/// Aligned columns. A row is as many lines as its longest cell has.
+/// Aligned columns.
 void print_text(const std::vector<Section>& sections)
 {
-    std::vector<Row> rows = {{}};
-    std::ranges::transform(titles, rows[0].begin(), [](const auto& title) { return Lines{title}; });
+    std::vector<Lines> rows = {titles};
     for (const Section& section : sections)
-        for (const ozk::ExploredNode& node : section.nodes)
-            rows.push_back(row_of(*section.root, node));
+        for (const ExploredNode& node : section.nodes) {
+            Lines& row = rows.emplace_back();
+            for (const Lines& cell : row_of(*section.root, node))
+                row.push_back(cell.empty() ? "-" : fmt::format("{}", fmt::join(cell, "\n")));
+        }
+    print(aligned(rows));
+}
 
-    std::array<size_t, columns> widths{};
-    for (const Row& row : rows)
-        for (size_t i = 0; i < columns; ++i)
-            for (const std::string& line : row[i])
-                widths[i] = std::max(widths[i], line.size());
-    for (const Row& row : rows) {
-        const size_t height = std::ranges::max_element(row, {}, &Lines::size)->size();
-        for (size_t line = 0; line < height; ++line) {
-            std::string text;
-            for (size_t i = 0; i < columns; ++i)
-                text += fmt::format("{:{}}  ",
-                                    line < row[i].size() ? row[i][line]
-                                                         : (row[i].empty() && line == 0 ? "-" : ""),
-                                    widths[i]);
-            print(text.substr(0, text.find_last_not_of(' ') + 1) + "\n");
+/// What the tree says of a node beside its tag: the kind, and what isn't as with most.
+std::string about(const ExploredNode& node)
+{
+    Lines words = {kind_text(node)};
+    if (const std::string reached = gate(node); reached != "-")
+        words.push_back(reached);
+    for (const std::string& status : statuses(node))
+        if (status != "MAP_OK")
+            words.push_back(status);
+    return fmt::format("  ({})", fmt::join(words, "; "));
+}
+
+/// Columns that the tree may take.
+constexpr size_t terminal_width = 80;
+
+/// Prints what a node maps to, below the node: broken behind slashes and blanks.
+void print_below(const std::string& text, size_t indent)
+{
+    std::string_view rest = text;
+    std::string margin(indent, ' ');
+    margin += "-> ";
+    while (!rest.empty()) {
+        const size_t room = terminal_width - margin.size();
+        size_t end        = rest.size();
+        if (end > room) {
+            end = rest.find_last_of("/ ", room - 1);
+            end = end == rest.npos ? std::min(room, rest.size()) : end + 1;
+        }
+        std::string line = margin + std::string(rest.substr(0, end));
+        print(line.substr(0, line.find_last_not_of(' ') + 1) + "\n");
+        rest.remove_prefix(end);
+        margin.assign(indent + 5, ' ');
+    }
+}
+
+/// The tags of a schema path.
+std::vector<std::string_view> tags_of(std::string_view path)
+{
+    std::vector<std::string_view> tags;
+    for (size_t at = 0; at != path.npos; at = path.find('/', at + 1))
+        tags.push_back(path.substr(at + 1, path.find('/', at + 1) - at - 1));
+    return tags;
+}
+
+/// The schema as a tree, no wider than a terminal: what a node maps to stands below it, and nodes
+/// above that weren't asked for by their tags alone.
+void print_tree(const std::vector<Section>& sections)
+{
+    for (const Section& section : sections) {
+        print(fmt::format("{}{}\n", &section == &sections.front() ? "" : "\n",
+                          prefix_of(section.root->ns_uri)));
+        std::vector<std::string_view> shown;
+        for (const ExploredNode& node : section.nodes) {
+            const auto tags = tags_of(node.path);
+            const auto known =
+                static_cast<size_t>(std::ranges::mismatch(tags, shown).in1 - tags.begin());
+            for (size_t i = known; i < tags.size(); ++i)
+                print(fmt::format("{:{}}{}{}\n", "", 2 * i + 2, tags[i],
+                                  i + 1 < tags.size() ? "" : about(node)));
+            for (const std::string& mapped : maps_to(node))
+                print_below(mapped, 2 * tags.size() + 2);
+            shown = tags;
         }
     }
 }
@@ -230,7 +272,7 @@ void print_csv(const std::vector<Section>& sections)
     };
     print("model,node,kind,gate,status,written,maps to,handler\n");
     for (const Section& section : sections) {
-        for (const ozk::ExploredNode& node : section.nodes) {
+        for (const ExploredNode& node : section.nodes) {
             Lines fields;
             for (const Lines& lines : row_of(*section.root, node))
                 fields.push_back(field(fmt::format("{}", fmt::join(lines, "; "))));
@@ -277,7 +319,7 @@ void print_markdown(const std::vector<Section>& sections)
                           "|---|---|---|---|---|---|---|\n",
                           prefix_of(section.root->ns_uri), section.root->name, section.root->ns_uri,
                           section.root->symbol));
-        for (const ozk::ExploredNode& node : section.nodes)
+        for (const ExploredNode& node : section.nodes)
             print(fmt::format("| `{}` | {} | {} | {} | {} | {} | `{}` |\n", node.path,
                               kind_text(node), gate(node), code(maps_to(node)),
                               fmt::join(statuses(node), "<br>"), written(node), node.handler));
@@ -296,42 +338,35 @@ bool is_below(std::string_view path, std::string_view prefix)
 
 int print_table(const TableOptions& options)
 {
-    LibraryOptions library_options      = options.library;
-    library_options.shows_sibling_calls = false;
-    const MapLibrary library(library_options);
+    const agent::MapLibrary library = load_library(options.library);
     std::vector<Section> sections;
-    size_t roots = 0, known = 0;
-    for (const ModelRoot& root : model_roots()) {
-        OzkMapFunction* walker = library.root_walker(root);
-        if (walker == nullptr)
+    size_t known = 0;
+    for (const agent::ModelRoot& root : agent::model_roots()) {
+        if (library.root_walker(root) == nullptr)
             continue;
-        ++roots;
-        Section section{&root, ozk::explore(
-                                   {root.ns_uri, root.name, walker},
-                                   [&](const std::string& name) { return library.function(name); },
-                                   spellings)};
-        std::erase_if(section.nodes, [&](const ozk::ExploredNode& node) {
-            return !is_below(node.path, options.path);
-        });
+        if (!options.model.empty() && options.model != prefix_of(root.ns_uri))
+            continue;
+        Section section{&root, library.schema(root).explored()};
+        std::erase_if(section.nodes,
+                      [&](const ExploredNode& node) { return !is_below(node.path, options.path); });
         known += section.nodes.size();
         if (options.mapped)
             std::erase_if(section.nodes, std::not_fn(is_mapped));
         if (!section.nodes.empty())
             sections.push_back(std::move(section));
     }
-    if (roots == 0)
-        throw InputError(
-            fmt::format("ymap: the map library {} has no root walker", library.path()));
     if (known == 0)
-        throw InputError(
-            for_message(fmt::format("ymap: the map library has no node '{}'", options.path)));
+        throw formats::InputError("ymap", 0,
+                                  fmt::format("the map library has no node '{}'", options.path));
 
     if (options.format == "markdown")
         print_markdown(sections);
     else if (options.format == "csv")
         print_csv(sections);
-    else
+    else if (options.format == "text")
         print_text(sections);
+    else
+        print_tree(sections);
     return exit_mapped;
 }
 
@@ -342,12 +377,21 @@ void add_table_command(CLI::App& app, Command& chosen)
     auto options = std::make_shared<TableOptions>();
     CLI::App* verb =
         app.add_subcommand("table", "Print what the map library makes of each node of its schema");
+    std::vector<std::string> models;
+    for (const agent::ModelRoot& root : agent::model_roots())
+        if (models.empty() || models.back() != prefix_of(root.ns_uri))
+            models.emplace_back(prefix_of(root.ns_uri));
     verb->add_option("PATH", options->path, "Only this node and those below it")->type_name("");
-    verb->add_option("--format", options->format, "Form of the output")
-        ->check(CLI::IsMember({"text", "markdown", "csv"}))
+    verb->add_option("--model", options->model, "Only the model with this prefix")
+        ->check(CLI::IsMember(models));
+    verb->add_option(
+            "--format", options->format,
+            "Form of the output: a tree that fits a terminal, a table with all there is to "
+            "tell, or one for other programs")
+        ->check(CLI::IsMember({"tree", "text", "markdown", "csv"}))
         ->capture_default_str();
     verb->add_flag("--mapped", options->mapped, "Only nodes that map to a path");
-    add_library_options(*verb, options->library);
+    add_library_option(*verb, options->library);
     verb->footer("Example: ymap table --mapped /interfaces-state");
     verb->callback([options, &chosen] { chosen = [options] { return print_table(*options); }; });
 }

@@ -1,59 +1,21 @@
 #include "checked_case.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
+#include <cstring>
+#include <random>
 
 namespace test {
 namespace {
 
-constexpr size_t page_size = 4096;
-static_assert(GuardedNodes::max_count * sizeof(OzkMapNode) <= page_size);
+constexpr size_t max_arrays = 1024;
 
-/// Pages of arrays, each with a page behind it that can't be read.
-std::byte* guarded_pages()
+/// An address that must not be followed.
+const OzkMapNode* poison()
 {
-    static std::byte* const pages = [] {
-        void* made = mmap(nullptr, GuardedNodes::max_arrays * 2 * page_size, PROT_NONE,
-                          MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-        if (made == MAP_FAILED)
-            abort();
-        return static_cast<std::byte*>(made);
-    }();
-    return pages;
+    return reinterpret_cast<const OzkMapNode*>(0xdead000000000000);
 }
 
 } // namespace
-
-GuardedNodes::~GuardedNodes()
-{
-    if (!arrays_.empty() &&
-        mprotect(guarded_pages(), arrays_.size() * 2 * page_size, PROT_NONE) != 0)
-        abort();
-}
-
-OzkMapNode* GuardedNodes::make(uint32_t count)
-{
-    if (arrays_.size() == max_arrays || count > max_count)
-        return nullptr;
-    std::byte* page = guarded_pages() + arrays_.size() * 2 * page_size;
-    if (mprotect(page, page_size, PROT_READ | PROT_WRITE) != 0)
-        abort();
-    auto* nodes = reinterpret_cast<OzkMapNode*>(page + page_size - count * sizeof(OzkMapNode));
-    std::uninitialized_fill_n(nodes, count, OzkMapNode{});
-    arrays_.emplace_back(nodes, count);
-    return nodes;
-}
-
-void GuardedNodes::seal() const
-{
-    for (size_t i = 0; i < arrays_.size(); ++i)
-        if (mprotect(guarded_pages() + i * 2 * page_size, page_size, PROT_READ) != 0)
-            abort();
-}
 
 /// Reads zeroes behind its end, which mean a plain case without children.
 class CheckedCase::Bytes {
@@ -83,18 +45,11 @@ CheckedCase::CheckedCase(std::span<const uint8_t> all)
 {
     Bytes bytes(all);
 
-    const uint8_t root = bytes.next() % 5;
-    const struct {
-        size_t model;
-        size_t root;
-    } roots[]   = {{0, 0}, {0, 1}, {1, 0}, {1, 1}, {2, 0}};
-    input.model = &schema::models()[roots[root].model];
-    input.root  = &input.model->roots[roots[root].root];
-
     constexpr uint32_t ops[] = {MAP_OP_GET_CONFIG, MAP_OP_EDIT, MAP_OP_GET,
                                 MAP_OP_EDIT,       MAP_OP_GET,  2};
-    input.op_code            = bytes.one_of(ops);
-    const auto switches      = [&] {
+    const Root& walked       = roots()[bytes.next() % roots().size()];
+    start(walked, bytes.one_of(ops));
+    const auto switches = [&] {
         const uint8_t bits = bytes.next();
         return model::Switches{(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0};
     };
@@ -117,10 +72,10 @@ CheckedCase::CheckedCase(std::span<const uint8_t> all)
         input.turned[call] = switches();
     }
 
-    OzkMapNode* node = nodes_.make(1);
+    OzkMapNode* node = make(1);
     bend(*node, nullptr, 0, bytes);
     input.node = missing == 254 ? nullptr : node;
-    nodes_.seal();
+    keep_as_made();
 }
 
 void CheckedCase::bend(OzkMapNode& node, const schema::Node* parent, unsigned depth, Bytes& bytes)
@@ -184,7 +139,7 @@ void CheckedCase::bend(OzkMapNode& node, const schema::Node* parent, unsigned de
         node.subtrees = nullptr;
     else {
         node.subtree_count   = 1U + shape / 16 % 6;
-        OzkMapNode* children = nodes_.make(node.subtree_count);
+        OzkMapNode* children = make(node.subtree_count);
         node.subtrees        = children;
         if (children == nullptr)
             node.subtree_count = 0;
@@ -193,54 +148,86 @@ void CheckedCase::bend(OzkMapNode& node, const schema::Node* parent, unsigned de
     }
 }
 
-CheckedCase::CheckedCase(const schema::Model& model, const schema::Node& root, uint32_t op_code,
-                         const ozk::DataNode& tree)
+CheckedCase::CheckedCase(const Root& walked, uint32_t op_code, std::string_view children)
 {
-    input.model      = &model;
-    input.root       = &root;
-    input.op_code    = op_code;
-    OzkMapNode* node = nodes_.make(1);
-    fill(*node, tree, op_code == MAP_OP_EDIT ? ozk::Edit::merge : ozk::Edit::none);
-    input.node = node;
-    nodes_.seal();
+    start(walked, op_code);
+    OzkMapNode& node =
+        tree_.append(tree_.top(), walked.node.tag.c_str(), input.model->ns_uri.c_str());
+    node.edit = static_cast<uint8_t>(op_code == MAP_OP_EDIT ? ozk::Edit::merge : ozk::Edit::none);
+    read_nodes(tree_, node, children, node.ns_uri);
+    copy(*make(1), node);
+    keep_as_made();
 }
 
-void CheckedCase::fill(OzkMapNode& node, const ozk::DataNode& data, ozk::Edit inherited)
+CheckedCase::CheckedCase(const Root& walked, uint32_t op_code, const OzkMapNode& node)
 {
-    const auto keep = [&](const std::optional<std::string>& text) {
-        return text ? texts_.emplace_back(*text).c_str() : nullptr;
-    };
-    node.tag           = keep(data.tag);
-    node.ns_uri        = data.ns_uri ? keep(data.ns_uri) : input.model->ns_uri.c_str();
-    node.value         = keep(data.value);
-    node.edit_is_own   = data.edit != ozk::Edit::none;
-    node.edit          = static_cast<uint8_t>(data.edit != ozk::Edit::none ? data.edit : inherited);
-    node.flags         = static_cast<uint8_t>((data.value ? MAP_NODE_HAS_VALUE : 0) |
-                                      (data.position ? MAP_NODE_HAS_POSITION : 0) |
-                                      (data.children.empty() ? 0 : MAP_NODE_HAS_SUBTREES));
-    node.position      = data.position.value_or(0xfade);
-    node.subtrees      = poison();
-    node.subtree_count = 1;
-    if (data.children.empty())
+    start(walked, op_code);
+    copy(*make(1), node);
+    keep_as_made();
+}
+
+void CheckedCase::start(const Root& walked, uint32_t op_code)
+{
+    root          = &walked;
+    input.model   = &walked.model;
+    input.root    = &walked.node;
+    input.op_code = op_code;
+}
+
+OzkMapNode* CheckedCase::make(size_t count)
+{
+    if (arrays_.size() == max_arrays)
+        return nullptr;
+    Array& made = arrays_.emplace_back(
+        Array{std::unique_ptr<OzkMapNode[]>(new OzkMapNode[count]{}), {}, count});
+    if (input.node == nullptr)
+        input.node = made.nodes.get();
+    return made.nodes.get();
+}
+
+void CheckedCase::copy(OzkMapNode& node, const OzkMapNode& from)
+{
+    const auto children = ozk::children(from);
+    node                = from;
+    node.subtrees       = poison();
+    node.subtree_count  = 1;
+    if ((node.flags & MAP_NODE_HAS_POSITION) == 0)
+        node.position = 0xfade;
+    if (children.empty())
         return;
-    node.subtree_count = static_cast<uint32_t>(data.children.size());
-    OzkMapNode* child  = nodes_.make(node.subtree_count);
-    node.subtrees      = child;
-    for (const ozk::DataNode& each : data.children)
-        fill(*child++, each, static_cast<ozk::Edit>(node.edit));
+    OzkMapNode* copies = make(children.size());
+    node.subtrees      = copies;
+    node.subtree_count = static_cast<uint32_t>(children.size());
+    for (const OzkMapNode& child : children)
+        copy(*copies++, child);
+}
+
+void CheckedCase::keep_as_made()
+{
+    for (Array& array : arrays_)
+        array.as_made.assign(array.nodes.get(), array.nodes.get() + array.count);
+}
+
+bool CheckedCase::is_unchanged() const
+{
+    return std::ranges::all_of(arrays_, [](const Array& array) {
+        return std::memcmp(array.nodes.get(), array.as_made.data(),
+                           array.count * sizeof(OzkMapNode)) == 0;
+    });
 }
 
 template <class Matches>
 bool CheckedCase::any_node(Matches matches) const
 {
-    return std::ranges::any_of(nodes_.arrays(), [&](std::span<const OzkMapNode> array) {
-        return std::ranges::any_of(array, matches);
-    });
+    return std::ranges::any_of(
+        arrays_, [&](const Array& array) { return std::ranges::any_of(array.as_made, matches); });
 }
 
 bool CheckedCase::has_node(const OzkMapNode* node) const
 {
-    return any_node([=](const OzkMapNode& each) { return &each == node; });
+    return std::ranges::any_of(arrays_, [=](const Array& array) {
+        return node >= array.nodes.get() && node < array.nodes.get() + array.count;
+    });
 }
 
 bool CheckedCase::has_value(const char* value) const
@@ -251,6 +238,15 @@ bool CheckedCase::has_value(const char* value) const
 bool CheckedCase::has_tag(const std::string& tag) const
 {
     return any_node([&](const OzkMapNode& each) { return each.tag != nullptr && each.tag == tag; });
+}
+
+std::vector<uint8_t> drawn_bytes(uint32_t seed)
+{
+    std::mt19937 random(seed); // gives the same on every platform, as distributions don't
+    std::vector<uint8_t> bytes(16 + random() % 600);
+    for (uint8_t& byte : bytes)
+        byte = static_cast<uint8_t>(random());
+    return bytes;
 }
 
 } // namespace test

@@ -8,55 +8,30 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "data_tree.h"
+#include "notation.h"
+#include "roots.h"
 #include "walk_model.h"
-#include "ymap.h"
 
 namespace test {
 
-/// Arrays of nodes that fault at the first byte that is read behind their end, and at any byte once
-/// they are released: each ends where its page ends, and the page behind it can't be read. There is
-/// room for one tree at a time in a process.
-class GuardedNodes {
-public:
-    GuardedNodes() = default;
-    ~GuardedNodes();
-    GuardedNodes(const GuardedNodes&)            = delete;
-    GuardedNodes& operator=(const GuardedNodes&) = delete;
-
-    static constexpr uint32_t max_count = 70;
-    static constexpr size_t max_arrays  = 1024;
-
-    /// An array of `count` zeroed nodes, at most max_count; null if there is no more room.
-    OzkMapNode* make(uint32_t count);
-    /// Lets a write to any of them fault from now on.
-    void seal() const;
-    const std::vector<std::span<const OzkMapNode>>& arrays() const { return arrays_; }
-
-private:
-    std::vector<std::span<const OzkMapNode>> arrays_;
-};
-
-/// An address that the processor refuses, for pointers that must not be followed.
-inline const OzkMapNode* poison()
-{
-    return reinterpret_cast<const OzkMapNode*>(0xdead000000000000);
-}
-
-/// The input of a walk, whose nodes can't be written. Where a flag is clear, the fields that it
-/// stands for hold poison.
+/// The input of a walk. Each array of nodes is an allocation of its own, so that the address
+/// sanitizer sees a step beyond it; where a flag is clear, the fields that it stands for hold an
+/// address that the processor refuses.
 class CheckedCase {
 public:
     explicit CheckedCase(std::span<const uint8_t> all);
-    /// `tree` is the root's node; namespaces that it lacks are the model's. On an edit the default
-    /// operation is merge.
-    CheckedCase(const schema::Model& model, const schema::Node& root, uint32_t op_code,
-                const ozk::DataNode& tree);
+    /// A root with `children`, see notation.h. On an edit the default operation is merge.
+    CheckedCase(const Root& root, uint32_t op_code, std::string_view children);
+    /// The same out of a tree, whose texts have to stay.
+    CheckedCase(const Root& root, uint32_t op_code, const OzkMapNode& node);
 
+    const Root* root = nullptr;
     model::Input input; ///< but for `ctx`
 
     bool has_node(const OzkMapNode* node) const;
@@ -64,17 +39,31 @@ public:
     bool has_value(const char* value) const;
     /// Whether `tag` reads as the tag of a node.
     bool has_tag(const std::string& tag) const;
+    /// Whether all nodes are as they were made.
+    bool is_unchanged() const;
 
 private:
     class Bytes;
+    void start(const Root& walked, uint32_t op_code);
+    OzkMapNode* make(size_t count);
     void bend(OzkMapNode& node, const schema::Node* parent, unsigned depth, Bytes& bytes);
-    void fill(OzkMapNode& node, const ozk::DataNode& data, ozk::Edit inherited);
+    void copy(OzkMapNode& node, const OzkMapNode& from);
+    void keep_as_made();
     template <class Matches>
     bool any_node(Matches matches) const;
 
-    GuardedNodes nodes_;
+    struct Array {
+        std::unique_ptr<OzkMapNode[]> nodes;
+        std::vector<OzkMapNode> as_made;
+        size_t count;
+    };
+    std::vector<Array> arrays_;
     std::deque<std::string> texts_;
+    ozk::Tree tree_; ///< that a notation was read into
 };
+
+/// Bytes for a case, the same for a seed on any machine.
+std::vector<uint8_t> drawn_bytes(uint32_t seed);
 
 } // namespace test
 

@@ -3,12 +3,10 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 #include <map>
 #include <tuple>
 
-#include "siblings.h"
 #include "ymap_ietf_if.h"
 
 namespace test {
@@ -18,25 +16,6 @@ using ozk::Call;
 using ozk::Op;
 
 constexpr uint32_t untouched_position = 0xfeedface;
-
-OzkMapFunction* walker_of(const schema::Node& root)
-{
-    static const std::map<std::string, OzkMapFunction*> walkers{
-#define WALKER(NAME) {#NAME, NAME}
-        WALKER(ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces),
-        WALKER(ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate),
-        WALKER(ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations),
-        WALKER(ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration),
-        WALKER(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces),
-#undef WALKER
-    };
-    return walkers.at(root.walker());
-}
-
-uint32_t ask_run(const char* entry_point, OzkMapCtx*, const OzkMapNode* node)
-{
-    return ozk::Run::current()->sibling_called(entry_point, node);
-}
 
 const void* image_of(const void* address)
 {
@@ -56,9 +35,16 @@ bool is_of_library(const void* address)
     return found->second;
 }
 
-bool same_text(const char* a, const char* b)
+using ozk::same_text;
+
+/// A call in a message.
+std::string told(const Call& call)
 {
-    return a == b || (a != nullptr && b != nullptr && std::strcmp(a, b) == 0);
+    const auto text = [](const char* each) { return std::string(each != nullptr ? each : "-"); };
+    return std::string(name_of(call.op)) + "(" +
+           (call.node != nullptr ? text(call.node->tag) : text(call.text_1)) + ", " +
+           text(call.text_2) + ", " + text(call.value) + ", " + std::to_string(call.kind) +
+           ") = " + std::to_string(call.result) + " " + call.line;
 }
 
 /// A trace line without the number of the source line, which no rule gives.
@@ -100,23 +86,34 @@ void turn(ozk::Run& run, const model::Switches& switches)
 
 class Check {
 public:
-    Check(const CheckedCase& walked, model::Input input) : case_(walked), input_(std::move(input))
+    explicit Check(const CheckedCase& walked) : case_(walked), input_(walked.input) {}
+
+    Walked go()
     {
+        run([&](OzkMapCtx* ctx, OzkDataTree* tree) {
+            return case_.root->walker(ctx, input_.node, tree);
+        });
+        const bool is_operational = input_.model->ns_uri == NS_NQ_PFI_IM_CMD_OPER;
+        expect(!is_operational || input_.op_code == MAP_OP_GET || run_.added().empty(),
+               "operational data on an operation that doesn't reach it");
+        check([&] { return model::walk(input_); });
+        return std::move(result_);
     }
 
-    std::vector<std::string> go()
+    std::string call(const schema::Node& described, model::Function function)
     {
-        walk();
-        check_promises();
-        check_rules();
-        return std::move(wrong_);
+        run([&](OzkMapCtx* ctx, OzkDataTree* tree) {
+            return call_function(described, function, {ctx, input_.node, input_.count, tree});
+        });
+        check([&] { return model::call(input_, described, function); });
+        return std::move(result_.wrong);
     }
 
 private:
     void expect(bool holds, const std::string& otherwise)
     {
         if (!holds)
-            wrong_.push_back(otherwise);
+            result_.wrong += otherwise + "\n";
     }
 
     /// What of context and request no walk may write, and no framework but for its switches.
@@ -129,9 +126,9 @@ private:
                           ctx.trace_buffer, ctx.trace_on);
     }
 
-    void walk()
+    template <class Function>
+    void run(Function function)
     {
-        ymap_siblings_set_listener(ask_run);
         run_.set_operation(input_.op_code);
         run_.record_calls(true);
         turn(run_, input_.switches);
@@ -144,40 +141,47 @@ private:
         });
         run_.ctx()->list_position = untouched_position;
         const auto before         = fixed_fields();
-        OzkMapFunction* walker    = walker_of(*input_.root);
-        if (input_.has_tree)
-            status_ = run_.walk(walker, input_.node);
-        else
-            run_.call([&] { status_ = walker(run_.ctx(), input_.node, nullptr); });
+        run_.call([&] {
+            result_.status = function(run_.ctx(), input_.has_tree ? run_.tree() : nullptr);
+        });
         run_.on_call(nullptr);
         if (!input_.turned.empty())
             turn(run_, input_.switches);
         expect(fixed_fields() == before, "a field of the context or the request has changed");
+        expect(case_.is_unchanged(), "a node of the tree has changed");
+        result_.paths = shown(run_.added());
+        if (run_.offending_tag() != nullptr)
+            result_.offending_tag = run_.offending_tag();
     }
 
     // --- What holds for any walk, told without the model of it
 
+    template <class Rules>
+    void check(Rules rules)
+    {
+        check_promises();
+        input_.ctx = run_.ctx();
+        check_rules(rules());
+    }
+
     void check_promises()
     {
         for (const std::string& fault : run_.faults())
-            wrong_.push_back("fault: " + fault);
+            expect(false, "fault: " + fault);
         int depth = 0;
         for (const Call& call : run_.calls()) {
             depth += call.op == Op::hierarchy_add;
             depth -= call.op == Op::hierarchy_remove;
             if (!check_pointers(call))
-                wrong_.push_back("a pointer from nowhere: " + to_text(call));
+                expect(false, "a pointer from nowhere: " + told(call));
         }
         expect(depth == 0, "the hierarchy is not balanced");
 
         const bool is_answer = std::ranges::any_of(
-            input_.answers, [&](const auto& answer) { return answer.second == status_; });
-        expect(model::is_status_of_library(status_) || is_answer, "a status from nowhere");
+            input_.answers, [&](const auto& answer) { return answer.second == result_.status; });
+        expect(model::is_status_of_library(result_.status) || is_answer, "a status from nowhere");
         const char* tag = run_.offending_tag();
         expect(tag == nullptr || case_.has_tag(tag), "an offending tag from nowhere");
-        const bool is_operational = input_.model->ns_uri == NS_NQ_PFI_IM_CMD_OPER;
-        expect(!is_operational || input_.op_code == MAP_OP_GET || run_.added().empty(),
-               "operational data on an operation that doesn't reach it");
     }
 
     bool check_pointers(const Call& call) const
@@ -209,12 +213,11 @@ private:
 
     // --- What the rules give for this walk
 
-    void check_rules()
+    void check_rules(const model::Outcome& expected)
     {
-        input_.ctx                    = run_.ctx();
-        const model::Outcome expected = model::walk(input_);
-        expect(status_ == expected.status, "status " + std::to_string(status_) + " instead of " +
-                                               std::to_string(expected.status));
+        expect(result_.status == expected.status, "status " + std::to_string(result_.status) +
+                                                      " instead of " +
+                                                      std::to_string(expected.status));
         const char* tag = run_.offending_tag();
         expect(expected.offending_tag ? tag != nullptr && *expected.offending_tag == tag
                                       : tag == nullptr,
@@ -228,9 +231,9 @@ private:
         const auto [at, expected_at] = std::ranges::mismatch(made, expected.calls, same);
         if (at == made.end() && expected_at == expected.calls.end())
             return;
-        wrong_.push_back("call " + std::to_string(at - made.begin() + 1) + " is " +
-                         (at != made.end() ? to_text(*at) : "missing") + ", expected " +
-                         (expected_at != expected.calls.end() ? to_text(*expected_at) : "none"));
+        expect(false, "call " + std::to_string(at - made.begin() + 1) + " is " +
+                          (at != made.end() ? told(*at) : "missing") + ", expected " +
+                          (expected_at != expected.calls.end() ? told(*expected_at) : "none"));
     }
 
     /// What has been added and not refused stays, and nothing else is there.
@@ -241,7 +244,7 @@ private:
             return call.op == Op::add_path && call.result == MAP_OK;
         });
         const auto is_same = [](const ozk::AddedPath& added, const Call& call) {
-            return added.path == call.text_1 && added.ns_uri == call.text_2 &&
+            return same_text(added.path, call.text_1) && same_text(added.ns_uri, call.text_2) &&
                    added.ref_node == call.node && added.is_list == (call.kind != 0);
         };
         expect(std::ranges::equal(run_.added(), stays, is_same),
@@ -251,15 +254,32 @@ private:
     const CheckedCase& case_;
     model::Input input_;
     ozk::Run run_{MAP_OP_GET};
-    uint32_t status_ = MAP_OK;
-    std::vector<std::string> wrong_;
+    Walked result_;
 };
 
 } // namespace
 
-std::vector<std::string> violations(const CheckedCase& walked)
+Walked walk(const CheckedCase& walked)
 {
-    return Check(walked, walked.input).go();
+    return Check(walked).go();
+}
+
+uint32_t call_function(const schema::Node& described, model::Function function,
+                       const Arguments& arguments)
+{
+    const auto& [ctx, node, count, tree] = arguments;
+    const std::string name               = model::name_of(described, function);
+    if (function == model::Function::when_hook)
+        return map_function<OzkMapWhenFunction>(name)(ctx, node);
+    if (function == model::Function::handler && described.kind == schema::Kind::container)
+        return map_function<OzkMapContainerFunction>(name)(ctx, node, count, tree);
+    return map_function(name)(ctx, node, tree);
+}
+
+std::string wrong_with_call(const CheckedCase& walked, const schema::Node& described,
+                            model::Function function)
+{
+    return Check(walked).call(described, function);
 }
 
 } // namespace test

@@ -6,14 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
-#include "data_tree.h"
-#include "run.h"
+#include "notation.h"
 
 namespace {
-
-using Paths = std::vector<std::string>;
 
 constexpr char root_walker[] = "ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces";
 
@@ -36,32 +32,17 @@ private:
     void* handle_;
 };
 
-ozk::DataNode node(const char* tag, const char* ns_uri, std::vector<ozk::DataNode> children = {})
-{
-    ozk::DataNode made;
-    made.tag      = tag;
-    made.ns_uri   = ns_uri;
-    made.children = std::move(children);
-    return made;
-}
+/// An edit that sets `type` in an entry, and brings a node of another model.
+constexpr char edit[] = "interfaces(interface(type) x:policy)";
 
-/// An edit of /interfaces with an entry that sets `type`, and with a node of another model.
-ozk::DataNode request()
+/// The paths of a walk of one tree.
+std::string walk(const Library& library, uint32_t op_code, const char* text, uint32_t& status)
 {
-    return node("interfaces", NS_IETF_INTERFACES,
-                {node("interface", NS_IETF_INTERFACES, {node("type", NS_IETF_INTERFACES)}),
-                 node("policy", "urn:example:foreign")});
-}
-
-Paths walk(const Library& library, uint32_t op_code, const ozk::DataNode& tree, uint32_t& status)
-{
-    const ozk::InputTree input(tree);
+    ozk::Tree tree;
+    test::read_nodes(tree, tree.top(), text, NS_IETF_INTERFACES);
     ozk::Run run(op_code);
-    status = run.walk(library.function(root_walker), &input.root());
-    Paths paths;
-    for (const ozk::AddedPath& added : run.added())
-        paths.emplace_back(added.path);
-    return paths;
+    status = run.walk(library.function(root_walker), tree.top().subtrees);
+    return test::shown(run.added());
 }
 
 TEST(Loading, WorksWithoutTheSiblings)
@@ -71,8 +52,7 @@ TEST(Loading, WorksWithoutTheSiblings)
               nullptr);
     const Library library(YMAP_LIBRARY);
     uint32_t status = MAP_OK;
-    EXPECT_EQ(walk(library, MAP_OP_EDIT, request(), status),
-              Paths{"/interface-configurations/interface-configuration"});
+    EXPECT_EQ(walk(library, MAP_OP_EDIT, edit, status), "N list");
     EXPECT_EQ(status, MAP_NOT_MAPPED);
 }
 
@@ -89,8 +69,7 @@ TEST(Loading, AtOnceNeedsTheSiblings)
     {
         const Library library(YMAP_LIBRARY, RTLD_NOW);
         uint32_t status = MAP_NOT_MAPPED;
-        EXPECT_FALSE(
-            walk(library, MAP_OP_GET, node("interfaces", NS_IETF_INTERFACES), status).empty());
+        EXPECT_TRUE(walk(library, MAP_OP_GET, "interfaces", status).starts_with("N list"));
         EXPECT_EQ(status, MAP_OK);
     }
     dlclose(siblings);
@@ -104,8 +83,7 @@ TEST(LoadingDeathTest, MissingSiblingIsNamedWhenItIsCalled)
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const Library library(YMAP_LIBRARY);
     uint32_t status = MAP_OK;
-    EXPECT_EXIT(walk(library, MAP_OP_GET, node("interfaces", NS_IETF_INTERFACES), status),
-                testing::ExitedWithCode(127),
+    EXPECT_EXIT(walk(library, MAP_OP_GET, "interfaces", status), testing::ExitedWithCode(127),
                 "undefined symbol: "
                 "ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface");
 }
@@ -115,8 +93,7 @@ TEST(Loading, FunctionsOfTheManualSourceTakeThePlaceOfGeneratedOnes)
 {
     const Library library(YMAP_REPLACED_LIBRARY);
     uint32_t status = MAP_OK;
-    EXPECT_EQ(walk(library, MAP_OP_EDIT, request(), status),
-              (Paths{"/container", "/list", "/leaf", "/hook"}));
+    EXPECT_EQ(walk(library, MAP_OP_EDIT, edit, status), "/container, /list, /leaf, /hook");
     EXPECT_EQ(status, MAP_OK);
     // The generated bodies stay under their own names, called by nobody.
     for (const std::string name :

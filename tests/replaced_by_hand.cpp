@@ -8,9 +8,9 @@ using namespace ymap;
 namespace {
 
 /// A path that no generated function adds, so that a test sees who was called.
-uint32_t add_mark(OzkMapCtx* ctx, OzkDataTree* tree, const char* path)
+uint32_t add_mark(OzkMapCtx* ctx, OzkDataTree* tree, Target target)
 {
-    return add_path(ctx, tree, {NS_NQ_IFMGR_CFG, path}, nullptr, nullptr);
+    return add_path(ctx, tree, target, nullptr, nullptr);
 }
 
 } // namespace
@@ -25,27 +25,27 @@ YMAP_EXPORT OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_list_lvla_interfaces_i
 uint32_t ymap_iq_ietf_if_ietfinterfaces_cont_lvla_interfaces(OzkMapCtx* ctx, const OzkMapNode*,
                                                              uint32_t, OzkDataTree* tree)
 {
-    return add_mark(ctx, tree, "/container");
+    return add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/container"});
 }
 
 uint32_t ymap_iq_ietf_if_ietfinterfaces_list_lvla_interfaces_interface(OzkMapCtx* ctx,
                                                                        const OzkMapNode*,
                                                                        OzkDataTree* tree)
 {
-    return add_mark(ctx, tree, "/list");
+    return add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/list"});
 }
 
 uint32_t ymap_iq_ietf_if_ietfinterfaces_leaf_lvla_interfaces_interface_type(OzkMapCtx* ctx,
                                                                             const OzkMapNode*,
                                                                             OzkDataTree* tree)
 {
-    return add_mark(ctx, tree, "/leaf");
+    return add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/leaf"});
 }
 
 uint32_t ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces_parse_augments(OzkMapCtx* ctx,
                                                                        const OzkMapNode*,
                                                                        OzkDataTree* tree)
 {
-    return add_mark(ctx, tree, "/hook");
+    return add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/hook"});
 }
 }

@@ -4,6 +4,7 @@
 #ifndef TESTS_SCHEMA_H
 #define TESTS_SCHEMA_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ struct Model {
     std::string ns_uri;
     std::vector<Node> roots;
 };
+
+/// Of the three models, and of the library: what a test that goes through all of them must count.
+inline constexpr size_t node_count = 554;
+inline constexpr size_t name_count = 1336;
 
 /// ietf-interfaces, Brelvik-NQ-ifmgr-cfg, Brelvik-NQ-pfi-im-cmd-oper.
 const std::vector<Model>& models();

@@ -104,6 +104,12 @@ public:
         return std::move(out_);
     }
 
+    Outcome call_alone(const schema::Node& described, Function function)
+    {
+        out_.status = status_of(described, function);
+        return std::move(out_);
+    }
+
 private:
     bool is_read() const { return in_.op_code == MAP_OP_GET_CONFIG || in_.op_code == MAP_OP_GET; }
     bool passes_gate() const { return !gated_ || in_.op_code == MAP_OP_GET; }
@@ -262,14 +268,38 @@ private:
         }
         return frame(function, node, [&, shape = shape, target = target]() -> uint32_t {
             if (described.manual_leaf)
-                return frame(described.prefix + "man_leaf_" + described.stem, node,
-                             [] { return MAP_OK; });
-            if (described.when_hook) {
-                enter(described.handler() + "_handle_when", "Start");
-                trace(described.handler() + "_handle_when", "End");
-            }
+                return manual_leaf(described, node);
+            if (described.when_hook)
+                when_hook(described, node);
             return work(shape, target, function, node, count);
         });
+    }
+
+    uint32_t manual_leaf(const schema::Node& described, const OzkMapNode* node)
+    {
+        return frame(name_of(described, Function::manual_leaf), node, [] { return MAP_OK; });
+    }
+
+    uint32_t when_hook(const schema::Node& described, const OzkMapNode* node)
+    {
+        const std::string name = name_of(described, Function::when_hook);
+        enter(name, "Start");
+        if (node == nullptr)
+            trace(name, "No valid input to validate when statement ");
+        trace(name, "End");
+        return node != nullptr ? MAP_OK : MAP_WHEN_NO_INPUT;
+    }
+
+    uint32_t status_of(const schema::Node& described, Function function)
+    {
+        switch (function) {
+        case Function::handler: return handler(described, in_.node, in_.count);
+        case Function::augment_hook: return augment_hook(described, in_.node);
+        case Function::default_hook: return default_hook(described, in_.node);
+        case Function::manual_leaf: return manual_leaf(described, in_.node);
+        case Function::when_hook: return when_hook(described, in_.node);
+        }
+        return MAP_OK;
     }
 
     uint32_t work(Shape shape, const char* target, const std::string& function,
@@ -306,12 +336,7 @@ private:
     {
         const std::string name = described.augment_hook();
         if (!described.manual_augment_hook)
-            return frame("__" + name, node, [&]() -> uint32_t {
-                if (!from_ietf_ || !is_add(node))
-                    return MAP_OK;
-                report_tag(node);
-                return MAP_ERR_ADD_REFUSED;
-            });
+            return default_hook(described, node);
         return frame(name, node, [&] {
             const char* ns  = from_ietf_ ? NS_IETF_INTERFACES_ACL_EXT : NS_NQ_IP_PFILTER_CFG;
             uint32_t status = MAP_OK;
@@ -323,10 +348,24 @@ private:
         });
     }
 
+    uint32_t default_hook(const schema::Node& described, const OzkMapNode* node)
+    {
+        return frame("__" + described.augment_hook(), node, [&]() -> uint32_t {
+            if (!from_ietf_ || !is_add(node))
+                return MAP_OK;
+            report_tag(node);
+            return MAP_ERR_ADD_REFUSED;
+        });
+    }
+
     uint32_t to_sibling(const std::string& hook, const OzkMapNode* node, uint32_t status)
     {
         if (from_ietf_)
             return sibling(acl_entry_point, node);
+        if (node->tag == nullptr) {
+            error(hook, "Tag name is not available!");
+            return MAP_ERR_NO_SUBTREES;
+        }
         trace(hook, "Processing tag '%s'", node->tag);
         for (const auto& [tag, entry_point] : filters)
             if (match(node->tag, tag))
@@ -478,9 +517,30 @@ Outcome walk(const Input& input)
     return Walker(input).go();
 }
 
+std::string name_of(const schema::Node& described, Function function)
+{
+    const bool has_hook = described.kind != schema::Kind::leaf;
+    switch (function) {
+    case Function::handler: return described.handler();
+    case Function::augment_hook: return has_hook ? described.augment_hook() : "";
+    case Function::default_hook: return has_hook ? "__" + described.augment_hook() : "";
+    case Function::manual_leaf:
+        return described.manual_leaf ? described.prefix + "man_leaf_" + described.stem : "";
+    case Function::when_hook:
+        return described.when_hook ? described.handler() + "_handle_when" : "";
+    }
+    return "";
+}
+
+Outcome call(const Input& input, const schema::Node& described, Function function)
+{
+    return Walker(input).call_alone(described, function);
+}
+
 bool is_status_of_library(uint32_t status)
 {
     constexpr uint32_t statuses[] = {MAP_OK,
+                                     MAP_WHEN_NO_INPUT,
                                      MAP_NOT_MAPPED,
                                      MAP_ERR_NO_SUBTREES,
                                      MAP_ERR_INVALID_ARGS,

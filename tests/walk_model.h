@@ -32,7 +32,8 @@ struct Input {
     uint32_t op_code           = MAP_OP_GET;
     const OzkMapCtx* ctx       = nullptr; ///< for its address in lines only
     const OzkMapNode* node     = nullptr;
-    bool has_tree              = true; ///< false: the walker is called with a null tree
+    uint32_t count             = 0;    ///< of children, that a container's handler is told
+    bool has_tree              = true; ///< false: the function is called with a null tree
     Switches switches;
     std::map<size_t, Switches> turned; ///< by number of the call, from 1, before which it happens
     std::map<std::pair<ozk::Op, size_t>, uint32_t> answers; ///< as in ozk::Run::answer
@@ -49,6 +50,16 @@ struct Outcome {
 };
 
 Outcome walk(const Input& input);
+
+/// The functions of a node that are exported beside its walker.
+enum class Function { handler, augment_hook, default_hook, manual_leaf, when_hook };
+inline constexpr Function all_functions[] = {Function::handler, Function::augment_hook,
+                                             Function::default_hook, Function::manual_leaf,
+                                             Function::when_hook};
+/// The exported name of a function of the node; empty if the node has none of the kind.
+std::string name_of(const schema::Node& described, Function function);
+/// What must come of calling it by itself.
+Outcome call(const Input& input, const schema::Node& described, Function function);
 
 /// The literal value among those that a library may hand on.
 inline constexpr char active_value[] = "act";

@@ -1,34 +1,33 @@
 // The worked example of docs/maintaining.md: it is built as the page says and maps as it says, and
 // the page shows just the code that is built.
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 
-#include "support.h"
+#include "notation.h"
 
 extern "C" OzkMapFunction ymap_qi_ietf_if_exampleports_lvla_ports;
 
 namespace test {
 namespace {
 
-const Root ports{"ports", "urn:example:ports", NS_IETF_INTERFACES,
-                 ymap_qi_ietf_if_exampleports_lvla_ports};
-
 TEST(WorkedExample, MapsAsThePageSays)
 {
-    Walk walk(ports, MAP_OP_GET_CONFIG,
-              {node("port", {leaf("name", "1/1"), leaf("label", "to b"),
-                             node("lane", {leaf("number", "3")})}),
-               node("port", {leaf("name", "1/2"), leaf("label", "unused")})});
-    EXPECT_EQ(walk.go(), MAP_OK);
-    EXPECT_EQ(walk.script({"add"}),
-              (std::vector<std::string>{
-                  "add /interfaces/interface list", "add /interfaces/interface/name = 1/1",
-                  "add /interfaces/interface/name = 1/1",
-                  "add /interfaces/interface/description = to b", "add /interfaces/interface list",
-                  "add /interfaces/interface/name = 1/2", "add /interfaces/interface/name = 1/2"}));
-    EXPECT_EQ(walk.script({"list"}),
-              (std::vector<std::string>{"list /ports/port", "list /ports/port/lane",
-                                        "list /ports/port"}));
+    ozk::Tree tree;
+    read_nodes(tree, tree.top(),
+               "ports(port(name=1/1 label=to-b lane(number=3)) port(name=1/2 label=unused))",
+               "urn:example:ports");
+    ozk::Run run(MAP_OP_GET_CONFIG);
+    run.record_calls(true);
+    EXPECT_EQ(run.walk(ymap_qi_ietf_if_exampleports_lvla_ports, tree.top().subtrees), MAP_OK);
+    EXPECT_EQ(shown(run.added()), "I list, I/name=1/1, I/name=1/1, I/description=to-b, "
+                                  "I list, I/name=1/2, I/name=1/2");
+    std::string lists;
+    for (const ozk::Call& call : run.calls())
+        if (call.op == ozk::Op::update_list)
+            lists += call.text_1 + std::string(" ");
+    EXPECT_EQ(lists, "/ports/port /ports/port/lane /ports/port ");
 }
 
 TEST(WorkedExample, PageShowsTheCodeThatIsBuilt)

@@ -16,11 +16,15 @@ uint32_t ymap_qi_ietf_if_exampleports_leaf_lvla_ports_port_label(OzkMapCtx*     
                                                                  OzkDataTree*      tree)
 {
     static FrameSites sites;
-    return in_frame(ctx, node, tree, {__func__, __LINE__}, sites, [&]() -> uint32_t {
-        if (node->value != nullptr && std::strcmp(node->value, "unused") == 0)
-            return MAP_OK;
+
+    enter(ctx, YMAP_HERE, sites.start);
+    if (node == nullptr || tree == nullptr)
+        return refuse_arguments(ctx, YMAP_HERE, sites.invalid_arguments);
+    uint32_t status = MAP_OK;
+    if (node->value == nullptr || std::strcmp(node->value, "unused") != 0) {
         const Target description{NS_IETF_INTERFACES, "/interfaces/interface/description"};
-        return add_path(ctx, tree, description, node->value, nullptr);
-    });
+        status = add_path(ctx, tree, description, node->value, nullptr);
+    }
+    return leave(ctx, YMAP_HERE, sites.end, status);
 }
 }

@@ -8,7 +8,10 @@
 //
 // The fields of a record stand in the order that the agent declares them in. Fields under "the
 // framework's own" are never read by a map library; they are those of the stand-in framework of
-// this project and differ in the agent's own header.
+// this project. An agent that declares the records itself names its header when it builds a map
+// library, and this one takes it in their place: -DYMAP_RECORDS='"agent_records.h"'. It declares
+// OzkMapOperation, OzkMapRequest, OzkDebugCtx, OzkMapCtx and OzkMapNode with the fields that are
+// described here, in any place and beside any others.
 
 #ifndef YMAP_H
 #define YMAP_H
@@ -17,6 +20,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
+#include <string_view>
+#include <type_traits>
 
 // ---------------------------------------------------------------------------------------------
 // Codes
@@ -87,10 +93,15 @@ inline constexpr char NS_IETF_INTERFACES_ACL_EXT[] =
 /// The memory tag under which the framework accounts for the copies that a map library asks for.
 inline constexpr char MAP_MEMORY_TAG[] = "OZK MAP";
 
-extern "C" {
+/// What belongs to a map library's exported table: YMAP_EXPORT OzkMapFunction ymap_x_lvla_a;
+#define YMAP_EXPORT [[gnu::visibility("default")]]
 
 // ---------------------------------------------------------------------------------------------
 // Records
+
+#ifdef YMAP_RECORDS
+#include YMAP_RECORDS
+#else
 
 /// The running request's operation. The record is the framework's; its first field is the code.
 struct OzkMapOperation {
@@ -137,13 +148,20 @@ struct OzkMapNode {
     uint32_t subtree_count; ///< elements in `subtrees`
     uint8_t flags;          ///< MAP_NODE_HAS_...
     // The framework's own.
-    uint8_t edit;        ///< edit operation that holds for the node, inherited or its own
-    uint8_t edit_is_own; ///< not 0 when the operation stands on this very node
-    uint32_t line;       ///< line of the document that the node comes from, 0 if unknown
+    uint8_t edit;             ///< edit operation that holds for the node, inherited or its own
+    uint8_t edit_is_own;      ///< not 0 when the operation stands on this very node
+    uint8_t marks;            ///< single bits for who works on the tree
+    uint32_t line;            ///< line of the document that the node comes from, 0 if unknown
+    uint32_t capacity;        ///< records that `subtrees` has room for
+    const OzkMapNode* origin; ///< the node of another tree that this one stands for, or null
 };
+
+#endif // YMAP_RECORDS
 
 /// The output tree. Opaque: handed to ozk_map_datatree_add_path_flagged and nothing else.
 struct OzkDataTree;
+
+extern "C" {
 
 // ---------------------------------------------------------------------------------------------
 // Map functions
@@ -222,30 +240,65 @@ struct SiteWord {
     uint32_t word = 0xffffffff;
 };
 
-/// A place in a map function: the name under which the function is defined, and the source line.
+/// Where a log point stands: the name under which its function is defined, and the source line.
 struct Place {
     const char* function;
     int line;
 };
 
-/// A fixed text at a level, with the format for the log layer and the one for the trace buffer.
-/// The formats stand in the record, so that a table of texts needs no relocation.
-struct LogText {
-    uint32_t level;
-    char log_format[72];   ///< arguments: ctx, further ones
-    char trace_format[80]; ///< arguments: running number, function, line, ctx, further ones
-};
+/// The Place of this very line: {"ymap_x_lvla_a_parse_augments", 42}.
+#define YMAP_HERE                                                                                  \
+    ::ymap::Place                                                                                  \
+    {                                                                                              \
+        __func__, __LINE__                                                                         \
+    }
 
-/// The LogText of `TEXT` at the level MAP_LOG_ERROR, such as "ERR: OZK: ctx=%p,List key ...".
-#define YMAP_ERROR_TEXT(TEXT)                                                                      \
-    {                                                                                              \
-        MAP_LOG_ERROR, "ERR: OZK: ctx=%p," TEXT, "#%u: ERR: %s:%d ctx=%p," TEXT                    \
+/// A fixed text at a level, with the format for the log layer and the one for the trace buffer:
+/// "ERR: OZK: ctx=%p,TEXT" and "#%u: ERR: %s:%d ctx=%p,TEXT". `Arguments` are what the text itself
+/// asks for, each a `const char*` for a %s. The formats stand in the record, so that a table of
+/// texts needs no relocation. A text that is too long, or asks for other arguments, doesn't
+/// compile.
+template <class... Arguments>
+struct LogText {
+    static_assert((std::is_same_v<Arguments, const char*> && ...));
+
+    uint32_t level;
+    char log_format[72]   = {}; ///< arguments: ctx, further ones
+    char trace_format[80] = {}; ///< arguments: running number, function, line, ctx, further ones
+
+    consteval LogText(uint32_t text_level, std::string_view text) : level(text_level)
+    {
+        if (level != MAP_LOG_ERROR && level != MAP_LOG_TRACE)
+            level_is_unknown();
+        const std::string_view prefix = level == MAP_LOG_ERROR ? "ERR: " : "TRC: ";
+        join(log_format, {prefix, "OZK: ctx=%p,", text});
+        join(trace_format, {"#%u: ", prefix, "%s:%d ctx=%p,", text});
+        size_t asked = 0;
+        for (size_t at = text.find('%'); at != text.npos; at = text.find('%', at + 1), ++asked)
+            if (!text.substr(at).starts_with("%s"))
+                text_asks_for_other_arguments();
+        if (asked != sizeof...(Arguments))
+            text_asks_for_other_arguments();
     }
-/// The LogText of `TEXT` at the level MAP_LOG_TRACE, such as "TRC: OZK: ctx=%p,Start".
-#define YMAP_TRACE_TEXT(TEXT)                                                                      \
-    {                                                                                              \
-        MAP_LOG_TRACE, "TRC: OZK: ctx=%p," TEXT, "#%u: TRC: %s:%d ctx=%p," TEXT                    \
+
+private:
+    // Not constexpr: the compiler stops at the name of the one that is called.
+    static void level_is_unknown();
+    static void text_asks_for_other_arguments();
+    static void text_is_too_long();
+
+    template <size_t size>
+    static consteval void join(char (&to)[size], std::initializer_list<std::string_view> parts)
+    {
+        size_t length = 0;
+        for (const std::string_view part : parts)
+            for (const char c : part) {
+                if (length + 1 == size)
+                    text_is_too_long();
+                to[length++] = c;
+            }
     }
+};
 
 // What follows is internal to each source that includes it: the sources of a map library differ
 // in their path and have a file word each.
@@ -265,12 +318,11 @@ constexpr uint64_t file_word = 0;
     abort();
 }
 
-/// The outputs of a log point, out of line: a map function pays for them only while they are on.
-/// `log_on` is what ozk_debug_should_log has answered.
+/// The outputs of a log point. `log_on` is what ozk_debug_should_log has answered.
 template <class... Arguments>
-[[gnu::cold, gnu::noinline]] void write_log_point(OzkMapCtx* ctx, int log_on, const LogText& text,
-                                                  const char* function, int line,
-                                                  SiteWord& site_word, Arguments... arguments)
+[[gnu::cold, gnu::noinline]] void
+write_text(OzkMapCtx* ctx, int log_on, const char* function, int line, SiteWord& site_word,
+           const LogText<Arguments...>& text, Arguments... arguments)
 {
     if (log_on != 0) {
         const uint64_t log = text.level == MAP_LOG_ERROR ? ctx->error_log : ctx->trace_log;
@@ -285,16 +337,27 @@ template <class... Arguments>
     }
 }
 
+/// Out of line, so that a map function pays for the outputs only while they are on, and a function
+/// of each text, so that it doesn't pay for naming the text.
+template <const auto& text, class... Arguments>
+[[gnu::cold, gnu::noinline]] void write_log_point(OzkMapCtx* ctx, int log_on, const char* function,
+                                                  int line, SiteWord& site_word,
+                                                  Arguments... arguments)
+{
+    write_text<Arguments...>(ctx, log_on, function, line, site_word, text, arguments...);
+}
+
 /// A log point: reports `text` to the log layer if its level is on and to the trace buffer if the
 /// trace switch is on, each on its own. `arguments` are those that the text itself asks for.
-template <class... Arguments>
-[[gnu::always_inline]] inline void log_point(OzkMapCtx* ctx, const LogText& text,
-                                             const Place& place, SiteWord& site_word,
-                                             Arguments... arguments)
+template <const auto& text, class... Arguments>
+[[gnu::always_inline]] inline void log_point(OzkMapCtx* ctx, const Place& place,
+                                             SiteWord& site_word, Arguments... arguments)
 {
+    static_assert(std::is_same_v<decltype(text), const LogText<Arguments...>&>,
+                  "the text asks for other arguments");
     const int log_on = ozk_debug_should_log(&ctx->_debug_ctx, text.level);
     if ((static_cast<uint32_t>(log_on) | ctx->trace_on) != 0) [[unlikely]] // one test for both
-        write_log_point(ctx, log_on, text, place.function, place.line, site_word, arguments...);
+        write_log_point<text>(ctx, log_on, place.function, place.line, site_word, arguments...);
 }
 
 } // namespace

@@ -11,16 +11,16 @@
 extern "C" {
 
 /// A request on /interfaces of ietf-interfaces (RFC 7223, 3), to paths of Brelvik-NQ-ifmgr-cfg.
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
+YMAP_EXPORT OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces;
 /// A request on /interfaces-state of ietf-interfaces (RFC 7223, 3), to paths of
 /// Brelvik-NQ-pfi-im-cmd-oper.
-OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate;
+YMAP_EXPORT OzkMapFunction ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate;
 /// /interface-configurations of Brelvik-NQ-ifmgr-cfg, to paths of /interfaces of ietf-interfaces.
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations;
+YMAP_EXPORT OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations;
 /// /global-interface-configuration of Brelvik-NQ-ifmgr-cfg, of which nothing maps.
-OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration;
+YMAP_EXPORT OzkMapFunction ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration;
 /// /interfaces of Brelvik-NQ-pfi-im-cmd-oper, to paths of /interfaces-state of ietf-interfaces.
-OzkMapFunction ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces;
+YMAP_EXPORT OzkMapFunction ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces;
 
 } // extern "C"
 

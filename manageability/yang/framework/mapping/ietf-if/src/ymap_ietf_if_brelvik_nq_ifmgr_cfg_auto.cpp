@@ -3,7 +3,7 @@
 // name and its shape. A strong function of the plain name in the _man source takes the place of a
 // row's.
 
-#include "ymap_handlers.h"
+#include "ymap_ietf_if_brelvik_nq_ifmgr_cfg_man.h"
 
 using namespace ymap;
 

@@ -19,27 +19,36 @@ OzkMapFunction ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interf
 
 namespace {
 
-constexpr LogText text_processing_tag = YMAP_TRACE_TEXT("Processing tag '%s'");
-constexpr LogText text_unknown_name   = YMAP_TRACE_TEXT("Unknown Name tag.");
+constexpr LogText<const char*> text_processing_tag{MAP_LOG_TRACE, "Processing tag '%s'"};
+constexpr LogText<> text_unknown_name{MAP_LOG_TRACE, "Unknown Name tag."};
 
-struct PacketFilterSites : FrameSites {
+/// The site words of one dispatch.
+struct DispatchSites {
     SiteWord no_tag;
     SiteWord processing_tag;
     SiteWord unknown_name;
 };
 
+/// Where the log points of one dispatch stand, a line each, so that a trace tells one dispatch from
+/// another.
+struct DispatchPlaces {
+    Place no_tag;
+    Place processing_tag;
+    Place unknown_name;
+};
+
 /// Hands `node` to the map of the packet filter that its tag names; leaves what came of it in
 /// `status`. A tag of no packet filter is no failure and leaves the status alone.
-void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree, Place place,
-                            PacketFilterSites& sites, uint32_t& status)
+void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree,
+                            const DispatchPlaces& places, DispatchSites& sites, uint32_t& status)
 {
     const char* tag = node->tag;
     if (tag == nullptr) {
-        log_point(ctx, text_no_tag, place, sites.no_tag);
+        log_point<text_no_tag>(ctx, places.no_tag, sites.no_tag);
         status = MAP_ERR_NO_SUBTREES;
         return;
     }
-    log_point(ctx, text_processing_tag, place, sites.processing_tag, tag);
+    log_point<text_processing_tag>(ctx, places.processing_tag, sites.processing_tag, tag);
     if (ozk_map_do_these_match(tag, "ipv6-packet-filter") != 0)
         status = ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvla_interface_configuration(
             ctx, node, tree);
@@ -50,7 +59,7 @@ void dispatch_packet_filter(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree*
         status = ymap_qi_ietf_interfaces_brelviknqippfiltercfg_augment_lvlc_interface_configuration(
             ctx, node, tree);
     else
-        log_point(ctx, text_unknown_name, place, sites.unknown_name);
+        log_point<text_unknown_name>(ctx, places.unknown_name, sites.unknown_name);
 }
 
 } // namespace
@@ -61,14 +70,29 @@ extern "C" uint32_t
 ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments(
     OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree)
 {
-    static PacketFilterSites sites;
-    const Place place{__func__, __LINE__};
-    return in_frame(ctx, node, tree, place, sites, [&] {
-        uint32_t status = MAP_OK;
-        if (ozk_map_do_these_match(NS_NQ_IP_PFILTER_CFG, node->ns_uri) != 0)
-            dispatch_packet_filter(ctx, node, tree, place, sites, status);
-        if (is_read(ctx))
-            dispatch_packet_filter(ctx, node, tree, place, sites, status);
-        return status;
-    });
+    static FrameSites sites;
+    static DispatchSites own_namespace;
+    static DispatchSites any_namespace;
+
+    enter(ctx, YMAP_HERE, sites.start);
+    if (node == nullptr || tree == nullptr)
+        return refuse_arguments(ctx, YMAP_HERE, sites.invalid_arguments);
+    uint32_t status = MAP_OK;
+    if (ozk_map_do_these_match(NS_NQ_IP_PFILTER_CFG, node->ns_uri) != 0)
+        dispatch_packet_filter(ctx, node, tree,
+                               {
+                                   .no_tag         = YMAP_HERE,
+                                   .processing_tag = YMAP_HERE,
+                                   .unknown_name   = YMAP_HERE,
+                               },
+                               own_namespace, status);
+    if (is_read(ctx))
+        dispatch_packet_filter(ctx, node, tree,
+                               {
+                                   .no_tag         = YMAP_HERE,
+                                   .processing_tag = YMAP_HERE,
+                                   .unknown_name   = YMAP_HERE,
+                               },
+                               any_namespace, status);
+    return leave(ctx, YMAP_HERE, sites.end, status);
 }

@@ -1,6 +1,6 @@
 // What a person wrote for the model Brelvik-NQ-pfi-im-cmd-oper: its manual leaves, whose IETF twins
-// are no plain copies of a path, and its when hooks, in schema pre-order. A row holds the place of
-// a function: to give a leaf a mapping, or a container its when condition, put a function of the
+// are no plain copies of a path, and its when hooks, these in schema pre-order. A row holds the place
+// of a function: to give a leaf a mapping, or a container its when condition, put a function of the
 // same name in the row's place.
 
 #include "ymap_ietf_if_brelvik_nq_pfi_im_cmd_oper_man.h"

@@ -1,6 +1,6 @@
 // What the generated source of the model Brelvik-NQ-pfi-im-cmd-oper calls by name and a person
-// writes: its manual leaves and when hooks. Without a definition in the _man source the library
-// doesn't load; a definition whose name isn't here is a slip of the pen, and the compiler says so.
+// writes: its manual leaves and when hooks. One that the _man source lacks is an error of the link,
+// a definition there whose name isn't here one of the compiler.
 
 #ifndef YMAP_IETF_IF_BRELVIK_NQ_PFI_IM_CMD_OPER_MAN_H
 #define YMAP_IETF_IF_BRELVIK_NQ_PFI_IM_CMD_OPER_MAN_H

@@ -12,23 +12,17 @@ namespace {
 
 /// The key of /interfaces/interface. Its native twin comes with the literal leaf `active`, which
 /// the router wants with each entry; only the add of that one counts.
-struct InterfaceName {
-    using Sites = FrameSites;
-
-    static uint32_t run(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree,
-                        const Place& place, Sites& sites)
-    {
-        return in_frame(ctx, node, tree, place, sites, [&] {
-            const Target name{NS_NQ_IFMGR_CFG,
-                              "/interface-configurations/interface-configuration/interface-name"};
-            const Target active{NS_NQ_IFMGR_CFG,
-                                "/interface-configurations/interface-configuration/active"};
-            const OzkMapNode* ref_node = is_read(ctx) ? nullptr : node;
-            add_path(ctx, tree, name, node->value, ref_node);
-            return add_path(ctx, tree, active, "act", ref_node);
-        });
-    }
-};
+uint32_t interface_name(OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree)
+{
+    const Target name{NS_NQ_IFMGR_CFG,
+                      "/interface-configurations/interface-configuration/interface-name"};
+    const Target active{NS_NQ_IFMGR_CFG,
+                        "/interface-configurations/interface-configuration/active"};
+    const OzkMapNode* ref_node = is_read(ctx) ? nullptr : node;
+    add_path(ctx, tree, name, node->value, ref_node);
+    return add_path(ctx, tree, active, "act", ref_node);
+}
+using InterfaceName = InFrame<interface_name, leaf>;
 
 } // namespace
 

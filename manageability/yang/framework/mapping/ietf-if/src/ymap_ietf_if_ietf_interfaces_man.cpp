@@ -29,14 +29,16 @@ extern "C" uint32_t ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces_interface_par
     OzkMapCtx* ctx, const OzkMapNode* node, OzkDataTree* tree)
 {
     static FrameSites sites;
-    return in_frame(ctx, node, tree, {__func__, __LINE__}, sites, [&] {
-        uint32_t status = MAP_OK;
-        if (ozk_map_do_these_match(NS_IETF_INTERFACES_ACL_EXT, node->ns_uri) != 0)
-            status = ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface(
-                ctx, node, tree);
-        if (is_read(ctx))
-            status = ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface(
-                ctx, node, tree);
-        return status;
-    });
+
+    enter(ctx, YMAP_HERE, sites.start);
+    if (node == nullptr || tree == nullptr)
+        return refuse_arguments(ctx, YMAP_HERE, sites.invalid_arguments);
+    uint32_t status = MAP_OK;
+    if (ozk_map_do_these_match(NS_IETF_INTERFACES_ACL_EXT, node->ns_uri) != 0)
+        status = ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface(
+            ctx, node, tree);
+    if (is_read(ctx))
+        status = ymap_iq_ietf_interfaces_brelvikietfinterfacesaclext_augment_lvla_interface(
+            ctx, node, tree);
+    return leave(ctx, YMAP_HERE, sites.end, status);
 }

@@ -1,7 +1,7 @@
 // What the generated sources of the model ietf-interfaces call by name and a person writes: manual
-// leaves, and the manual augment hook that takes a default's place. Without a manual leaf in the
-// _man source the library doesn't load; a definition there whose name isn't here is a slip of the
-// pen, and the compiler says so.
+// leaves, and the manual augment hook that takes a default's place. A manual leaf that the _man
+// source lacks is an error of the link, a definition there whose name isn't here one of the
+// compiler.
 
 #ifndef YMAP_IETF_IF_IETF_INTERFACES_MAN_H
 #define YMAP_IETF_IF_IETF_INTERFACES_MAN_H

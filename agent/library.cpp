@@ -1,0 +1,92 @@
+// Loading of the map library and its siblings, and what the library says of its schema.
+
+#include "library.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <dlfcn.h>
+#include <fmt/core.h>
+
+namespace ymap::agent {
+
+namespace {
+
+/// Loads a shared object. A bare name of a file in the current folder means that file, as with any
+/// other file name on a command line; the loader would look for it in the system's folders only.
+void* load(const std::string& path, int flags, const char* what)
+{
+    std::error_code error;
+    const bool is_here =
+        path.find('/') == std::string::npos && std::filesystem::exists(path, error);
+    void* handle = dlopen(is_here ? ("./" + path).c_str() : path.c_str(), flags);
+    if (handle == nullptr)
+        throw LoadError(fmt::format("cannot load the {}: {}", what, dlerror()));
+    return handle;
+}
+
+} // namespace
+
+Schema::Schema(std::vector<data::ExploredNode> explored)
+    : explored_(std::move(explored)), known_(1024)
+{
+    nodes_.reserve(explored_.size());
+    std::vector<uint32_t> open; // the nodes above
+    for (const data::ExploredNode& each : explored_) {
+        while (!open.empty() && !each.path.starts_with(nodes_[open.back()].facts->path + "/"))
+            open.pop_back();
+        const auto place = static_cast<uint32_t>(nodes_.size());
+        if (!open.empty())
+            nodes_[open.back()].children.push_back(place);
+        nodes_.push_back({&each, {}});
+        open.push_back(place);
+    }
+}
+
+const Schema::Node* Schema::child(const Node& node, const char* tag) const
+{
+    const auto hash =
+        (reinterpret_cast<uintptr_t>(tag) >> 3) + static_cast<size_t>(&node - nodes_.data()) * 31;
+    Known& known = known_[hash % known_.size()];
+    if (known.node == &node && known.tag == tag && known.child != nullptr &&
+        known.child->facts->tag == ozk::text(tag)) // a text may have gone, and another come
+        return known.child;
+    const auto found = std::ranges::find_if(
+        node.children, [&](uint32_t place) { return nodes_[place].facts->tag == ozk::text(tag); });
+    known = {&node, tag, found != node.children.end() ? &nodes_[*found] : nullptr};
+    return known.child;
+}
+
+MapLibrary::MapLibrary(std::string library, const std::string& siblings) : path_(std::move(library))
+{
+    // Global, and before the map library, which looks its siblings up in the process.
+    load(siblings, RTLD_NOW | RTLD_GLOBAL, "sibling library");
+    handle_ = load(path_, RTLD_LAZY | RTLD_LOCAL, "map library");
+    if (std::ranges::none_of(model_roots(), [&](auto& root) { return root_walker(root); }))
+        throw LoadError(fmt::format("the map library {} has no root walker", path_));
+}
+
+void* MapLibrary::function(const std::string& name) const
+{
+    return dlsym(handle_, name.c_str());
+}
+
+OzkMapFunction* MapLibrary::root_walker(const ModelRoot& root) const
+{
+    return reinterpret_cast<OzkMapFunction*>(function(root.symbol));
+}
+
+const Schema& MapLibrary::schema(const ModelRoot& root) const
+{
+    auto& schema = schemas_[&root];
+    if (!schema)
+        schema = std::make_unique<Schema>(data::explore(
+            {root.ns_uri, root.name, root_walker(root)},
+            [&](const std::string& name) { return function(name); }, spellings()));
+    return *schema;
+}
+
+} // namespace ymap::agent

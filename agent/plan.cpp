@@ -1,0 +1,525 @@
+// Requests held against the schema of the map.
+
+#include "plan.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include <fmt/core.h>
+
+#include "run.h"
+#include "text.h"
+
+namespace ymap::agent {
+
+namespace {
+
+using data::ExploredNode;
+using data::ListKeys;
+using data::NodeKind;
+using data::Query;
+using ozk::children;
+using ozk::deletes;
+using ozk::Edit;
+using ozk::edit_of;
+using ozk::text;
+
+const ListKeys* keys_of(const Schema::Node& schema, const OzkMapNode& node)
+{
+    return data::keys_of(list_keys(), node.ns_uri, schema.facts->path);
+}
+
+/// Whether `tag` is one of the keys.
+bool is_key(const char* tag, const ListKeys* keys)
+{
+    return keys != nullptr &&
+           std::ranges::any_of(keys->leaves, [&](const char* leaf) { return text(tag) == leaf; });
+}
+
+/// Notes on nodes, told by their instance path.
+class Notes {
+public:
+    explicit Notes(const OzkMapNode& top) : paths_(top, list_keys()) {}
+
+    /// `what` is said of the node: "has no native path".
+    Note& add(const char* tag, std::string_view what, const OzkMapNode& node)
+    {
+        notes_.push_back(make(tag, what, node));
+        return notes_.back();
+    }
+    Note make(const char* tag, std::string_view what, const OzkMapNode& node)
+    {
+        Note note{tag, fmt::format("'{}' {}", text(node.tag), what)};
+        note.path        = paths_.of(node);
+        note.error_path  = error_path(paths_, node);
+        note.line        = node.line;
+        note.bad_element = text(node.tag);
+        return note;
+    }
+    [[noreturn]] void fail(const char* tag, std::string_view what, const OzkMapNode& node)
+    {
+        throw RequestError(make(tag, what, node));
+    }
+    void unknown(const OzkMapNode& node, bool own_namespace)
+    {
+        if (own_namespace)
+            add("unknown-element", "is not known here", node);
+        else
+            add("unknown-namespace", "is of a model that nobody serves here", node).bad_namespace =
+                text(node.ns_uri);
+    }
+    void unmapped(const OzkMapNode& node)
+    {
+        add("operation-not-supported", "has no native path", node);
+    }
+    /// A root that nobody has.
+    void unknown_root(const OzkMapNode& root)
+    {
+        unknown(root, std::ranges::any_of(model_roots(), [&](const ModelRoot& each) {
+                    return each.ns_uri == text(root.ns_uri);
+                }));
+    }
+    std::vector<Note> take() { return std::move(notes_); }
+
+private:
+    data::InstancePaths paths_;
+    std::vector<Note> notes_;
+};
+
+// ---------------------------------------------------------------------------------------------
+// Reads
+
+class ReadPlanner {
+public:
+    ReadPlanner(const Request& request, const MapLibrary& library)
+        : request_(request), library_(library),
+          notes_(request.content != nullptr ? *request.content : request.document.tree.top())
+    {
+    }
+
+    ReadPlan plan()
+    {
+        if (request_.reads_all) {
+            for (const ModelRoot& root : model_roots()) {
+                OzkMapNode node{};
+                node.tag    = root.name;
+                node.ns_uri = root.ns_uri;
+                if (reaches(root) && (!root.is_clients || library_.root_walker(root) != nullptr))
+                    plan_root(root, node);
+            }
+        }
+        for (const OzkMapNode& node : request_.roots()) {
+            const ModelRoot* root = find_root(node);
+            if (root == nullptr)
+                notes_.unknown_root(node);
+            else if ((node.marks & ozk::MARK_MATCHES_NONE) != 0)
+                matches_none(node);
+            else if (!reaches(*root))
+                notes_.add("operation-not-supported", "is state, which get-config doesn't read",
+                           node);
+            else if (root->is_clients && library_.root_walker(*root) == nullptr)
+                notes_.add("operation-not-supported", "has no walker in the map library", node);
+            else
+                plan_root(*root, node);
+        }
+        plan_.notes = notes_.take();
+        return std::move(plan_);
+    }
+
+private:
+    bool reaches(const ModelRoot& root) const
+    {
+        return request_.op_code == MAP_OP_GET || !root.is_state;
+    }
+
+    void matches_none(const OzkMapNode& node)
+    {
+        notes_.add("unknown-attribute", "has an attribute that no data has, and selects nothing",
+                   node);
+    }
+
+    void plan_root(const ModelRoot& root, const OzkMapNode& node)
+    {
+        if (!root.is_clients) {
+            add(plan_.filter, plan_.filter.top(), node);
+            return;
+        }
+        if (node.value != nullptr) {
+            notes_.add("bad-element", "holds no value, and selects nothing", node);
+            return;
+        }
+        // Asked for only if something below it is: a root without children selects all.
+        const Schema::Node& schema = library_.schema(root).root();
+        schema_                    = &library_.schema(root);
+        ns_uri_                    = root.ns_uri;
+        OzkMapNode filter = bare(node), asked = bare(node);
+        if (plan_children(schema, node, filter, &asked)) {
+            plan_.filter.append(plan_.filter.top()) = filter;
+            append_once(plan_.map_request.top(), asked);
+        }
+    }
+
+    /// A root of a request that comes twice is asked for once.
+    void append_once(OzkMapNode& top, const OzkMapNode& asked)
+    {
+        OzkMapNode* same = ozk::find_child(top, asked.tag, asked.ns_uri);
+        if (same == nullptr)
+            plan_.map_request.append(top) = asked;
+        else if (children(asked).empty() || children(*same).empty())
+            same->subtree_count = 0, same->flags &= static_cast<uint8_t>(~MAP_NODE_HAS_SUBTREES);
+        else
+            for (const OzkMapNode& child : children(asked))
+                plan_.map_request.append(*same) = child;
+    }
+
+    static OzkMapNode bare(const OzkMapNode& node)
+    {
+        OzkMapNode copy    = node;
+        copy.subtrees      = nullptr;
+        copy.subtree_count = copy.capacity = 0;
+        copy.flags &= static_cast<uint8_t>(~MAP_NODE_HAS_SUBTREES);
+        return copy;
+    }
+
+    static OzkMapNode& add(ozk::Tree& tree, OzkMapNode& parent, const OzkMapNode& node)
+    {
+        OzkMapNode& made = tree.append(parent);
+        made             = node;
+        return made;
+    }
+
+    /// Plans the children of `node`, which the schema node stands for: those that can be read go
+    /// to `filter`, and to `asked` what the map is asked for; null where it looks at no child.
+    /// False if the node has children and none of them can be read.
+    bool plan_children(const Schema::Node& schema, const OzkMapNode& node, OzkMapNode& filter,
+                       OzkMapNode* asked)
+    {
+        if (children(node).empty())
+            return true;
+        bool is_asked = false;
+        for (const OzkMapNode& child : children(node)) {
+            const bool is_read = plan_child(schema, child, filter, asked);
+            if (!is_read && is_match(child)) // which then never holds
+                return false;
+            is_asked |= is_read;
+        }
+        return is_asked;
+    }
+
+    /// Whether a node of a filter is a content match (RFC 6241, 6.2.5).
+    static bool is_match(const OzkMapNode& node)
+    {
+        return children(node).empty() && !data::trim(text(node.value)).empty();
+    }
+
+    bool plan_child(const Schema::Node& parent, const OzkMapNode& child, OzkMapNode& filter,
+                    OzkMapNode* asked)
+    {
+        if ((child.marks & ozk::MARK_MATCHES_NONE) != 0) {
+            matches_none(child);
+            return false;
+        }
+        const Schema::Node* schema = schema_->child(parent, child.tag);
+        if (schema == nullptr) {
+            const bool is_own = ozk::same_text(child.ns_uri, ns_uri_);
+            if (is_own || !parent.facts->hook_by_hand) {
+                notes_.unknown(child, is_own);
+                return false;
+            }
+            if (asked != nullptr) // the hook may know it
+                add(plan_.map_request, *asked, child);
+            add(plan_.filter, filter, child);
+            return true;
+        }
+        if (schema->facts->kind == NodeKind::leaf)
+            return plan_leaf(*schema, child, filter, asked);
+
+        const ListKeys* keys = keys_of(*schema, child);
+        OzkMapNode own = bare(child), below = bare(child);
+        if (child.value != nullptr) {
+            notes_.add("bad-element", "holds no value, and selects nothing", child);
+            return false;
+        }
+        const bool is_whole = asked == nullptr || reads_whole(*schema);
+        if (!plan_children(*schema, child, own, is_whole ? nullptr : &below))
+            return false;
+        if (!children(child).empty() && keys != nullptr) {
+            complete(plan_.filter, own, *keys, children(child));
+            if (is_whole)
+                below = whole_entry(child, *keys);
+            else if (matches_beside_key(child, *keys))
+                below = matched_entry(child, *keys);
+            else
+                complete(plan_.map_request, below, *keys, children(child));
+        }
+        add(plan_.filter, filter, own);
+        if (asked != nullptr && is_new(*asked, below, is_whole))
+            add(plan_.map_request, *asked, below);
+        return true;
+    }
+
+    bool plan_leaf(const Schema::Node& schema, const OzkMapNode& leaf, OzkMapNode& filter,
+                   OzkMapNode* asked)
+    {
+        const Query query = request_.op_code == MAP_OP_GET ? Query::get : Query::get_config;
+        if (schema.facts->on(query).paths.empty()) {
+            notes_.unmapped(leaf);
+            return false;
+        }
+        if (!children(leaf).empty()) {
+            notes_.add("bad-element", "is a leaf, and selects nothing below it", leaf);
+            return false;
+        }
+        add(plan_.filter, filter, leaf);
+        if (asked != nullptr)
+            add(plan_.map_request, *asked, leaf);
+        return true;
+    }
+
+    /// Whether the walker of the list looks at no child of an entry, but gives all targets the
+    /// entry itself.
+    bool reads_whole(const Schema::Node& schema) const
+    {
+        return schema.facts->kind == NodeKind::list && !schema.children.empty() &&
+               !schema_->at(schema.children.front()).facts->is_compared;
+    }
+
+    /// Adds the keys that an entry doesn't name, for their values.
+    static void complete(ozk::Tree& tree, OzkMapNode& entry, const ListKeys& keys,
+                         std::span<const OzkMapNode> named)
+    {
+        for (const char* leaf : keys.leaves)
+            if (std::ranges::none_of(
+                    named, [&](const OzkMapNode& each) { return text(each.tag) == leaf; }))
+                tree.append(entry, leaf, entry.ns_uri).marks |= ozk::MARK_COMPLETES;
+    }
+
+    static const OzkMapNode* key_match(const OzkMapNode& entry, const ListKeys& keys)
+    {
+        for (const OzkMapNode& child : children(entry))
+            if (is_key(child.tag, &keys) && !data::trim(text(child.value)).empty() &&
+                (child.marks & ozk::MARK_MATCHES_NONE) == 0)
+                return &child;
+        return nullptr;
+    }
+
+    /// Whether an entry of a filter holds content matches and nothing else, on other leaves than
+    /// its keys: it selects all of the entries that match, which the map has to be asked for.
+    static bool matches_beside_key(const OzkMapNode& entry, const ListKeys& keys)
+    {
+        return std::ranges::all_of(children(entry), is_match) &&
+               std::ranges::any_of(children(entry), [&](const OzkMapNode& child) {
+                   return !is_key(child.tag, &keys);
+               });
+    }
+
+    /// The entry with its key alone, or empty if it has none: the map reads all of it.
+    OzkMapNode matched_entry(const OzkMapNode& entry, const ListKeys& keys)
+    {
+        OzkMapNode made = bare(entry);
+        if (const OzkMapNode* key = key_match(entry, keys))
+            add(plan_.map_request, made, *key);
+        return made;
+    }
+
+    /// An entry without children, whose own value is the key's: the key's target hands it on.
+    OzkMapNode whole_entry(const OzkMapNode& entry, const ListKeys& keys)
+    {
+        OzkMapNode made = bare(entry);
+        if (const OzkMapNode* key = key_match(entry, keys))
+            ozk::Tree::set_value(made, plan_.map_request.keep(data::trim(key->value)));
+        return made;
+    }
+
+    /// Whether an entry that is read whole isn't asked for already.
+    bool is_new(const OzkMapNode& parent, const OzkMapNode& entry, bool is_whole)
+    {
+        if (!is_whole)
+            return true;
+        if (entry.value == nullptr)
+            return asked_for_.insert(fmt::format("{}", text(parent.tag))).second;
+        return asked_for_.insert(fmt::format("{}={}", text(parent.tag), entry.value)).second;
+    }
+
+    const Request& request_;
+    const MapLibrary& library_;
+    Notes notes_;
+    ReadPlan plan_;
+    const Schema* schema_ = nullptr;
+    const char* ns_uri_   = nullptr;            ///< of the model that is read
+    std::unordered_set<std::string> asked_for_; ///< entries that are read whole
+};
+
+// ---------------------------------------------------------------------------------------------
+// Edits
+
+/// Whether a node goes away with one above it.
+bool goes_with_entry(const OzkMapNode& node)
+{
+    return node.edit_is_own == 0 && deletes(edit_of(node));
+}
+
+class EditExaminer {
+public:
+    EditExaminer(Request& request, const MapLibrary& library, bool cut)
+        : request_(request), library_(library), cut_(cut), notes_(*request.content)
+    {
+    }
+
+    std::vector<Note> examine()
+    {
+        for (OzkMapNode& root : children(content())) {
+            const ModelRoot* known = find_root(root);
+            if (known == nullptr) {
+                notes_.unknown_root(root);
+                root.marks |= ozk::MARK_DROPPED;
+            } else if (known->is_state) {
+                notes_.fail("operation-not-supported", "is state, which can't be edited", root);
+            } else if (known->is_clients && library_.root_walker(*known) == nullptr) {
+                notes_.fail("operation-not-supported", "has no walker in the map library", root);
+            } else if (known->is_clients) {
+                schema_ = &library_.schema(*known);
+                ns_uri_ = known->ns_uri;
+                if (root.value != nullptr)
+                    notes_.fail("bad-element", "holds no value", root);
+                examine_children(schema_->root(), root);
+            }
+        }
+        take_out(content());
+        return notes_.take();
+    }
+
+private:
+    /// The request is ours; only its readers see it as constant.
+    OzkMapNode& content() const { return const_cast<OzkMapNode&>(*request_.content); }
+
+    void examine_children(const Schema::Node& schema, OzkMapNode& node)
+    {
+        for (OzkMapNode& child : children(node))
+            examine_child(schema, node, child);
+        take_out(node);
+    }
+
+    void examine_child(const Schema::Node& parent, const OzkMapNode& node, OzkMapNode& child)
+    {
+        const Schema::Node* schema = schema_->child(parent, child.tag);
+        if (schema == nullptr) {
+            const bool is_own = ozk::same_text(child.ns_uri, ns_uri_);
+            if (is_own || !parent.facts->hook_by_hand) {
+                child.marks |= ozk::MARK_DROPPED;
+                if (!goes_with_entry(child))
+                    notes_.unknown(child, is_own);
+            }
+            return;
+        }
+        const bool is_leaf = schema->facts->kind == NodeKind::leaf;
+        if (schema->facts->kind != NodeKind::list)
+            for (const OzkMapNode& other : children(node))
+                if (&other < &child && text(other.tag) == text(child.tag))
+                    notes_.fail("bad-element", "is given twice", child);
+        if (is_leaf && !children(child).empty())
+            notes_.fail("unknown-element", "stands in a leaf", children(child).front());
+        if (is_leaf && schema->facts->on(Query::edit).status == MAP_NOT_MAPPED) {
+            child.marks |= ozk::MARK_DROPPED;
+            if (!goes_away(child))
+                notes_.unmapped(child);
+        }
+        if (is_leaf)
+            return;
+        if (child.value != nullptr)
+            notes_.fail("bad-element", "holds no value", child);
+        if (const ListKeys* keys = keys_of(*schema, child))
+            require_keys(child, *keys);
+        examine_children(*schema, child);
+    }
+
+    /// Whether nothing is lost with a known leaf that isn't mapped: it is no part of what the data
+    /// has in the end, and is not there now.
+    static bool goes_away(const OzkMapNode& leaf)
+    {
+        const Edit edit = edit_of(leaf);
+        return edit == Edit::none || edit == Edit::remove || goes_with_entry(leaf);
+    }
+
+    void require_keys(const OzkMapNode& entry, const ListKeys& keys)
+    {
+        for (const char* leaf : keys.leaves) {
+            const OzkMapNode* key = ozk::find_child(entry, leaf, entry.ns_uri);
+            if (key != nullptr && key->value != nullptr)
+                continue;
+            Error error =
+                notes_.make("missing-element", fmt::format("has no key '{}'", leaf), entry);
+            error.bad_element = leaf;
+            throw RequestError(error);
+        }
+    }
+
+    /// Takes the children that were dropped out of the array.
+    void take_out(OzkMapNode& node) const
+    {
+        const auto all = children(node);
+        const auto kept =
+            std::stable_partition(all.begin(), all.end(), [&](const OzkMapNode& child) {
+                return !cut_ || (child.marks & ozk::MARK_DROPPED) == 0;
+            });
+        node.subtree_count = static_cast<uint32_t>(kept - all.begin());
+    }
+
+    Request& request_;
+    const MapLibrary& library_;
+    const bool cut_;
+    Notes notes_;
+    const Schema* schema_ = nullptr;
+    const char* ns_uri_   = nullptr; ///< of the model that is edited
+};
+
+using Nodes = std::unordered_set<const OzkMapNode*>;
+
+bool is_referred_to(const OzkMapNode& node, const Nodes& referred)
+{
+    return referred.contains(&node) || std::ranges::any_of(children(node), [&](const auto& child) {
+               return is_referred_to(child, referred);
+           });
+}
+
+/// Notes what of the children of `node`, which is of the model `ns_uri`, no path refers to. What
+/// becomes of nodes within one of another model is the sibling's affair.
+void collect_lost(const OzkMapNode& node, const char* ns_uri, const Nodes& referred, Notes& notes)
+{
+    for (const OzkMapNode& child : children(node)) {
+        const bool is_own = ozk::same_text(child.ns_uri, ns_uri);
+        if (is_own && !children(child).empty())
+            collect_lost(child, ns_uri, referred, notes);
+        else if (is_referred_to(child, referred) || goes_with_entry(child))
+            continue;
+        else if (is_own)
+            notes.unmapped(child);
+        else
+            notes.unknown(child, false);
+    }
+}
+
+} // namespace
+
+ReadPlan plan_read(const Request& request, const MapLibrary& library)
+{
+    return ReadPlanner(request, library).plan();
+}
+
+std::vector<Note> examine_edit(Request& request, const MapLibrary& library, bool cut)
+{
+    return EditExaminer(request, library, cut).examine();
+}
+
+std::vector<Note> find_lost(const Request& request, const OzkMapNode& root,
+                            std::span<const ozk::AddedPath> added)
+{
+    Nodes referred;
+    for (const ozk::AddedPath& path : added)
+        referred.insert(path.ref_node);
+    Notes notes(*request.content);
+    collect_lost(root, root.ns_uri, referred, notes);
+    return notes.take();
+}
+
+} // namespace ymap::agent

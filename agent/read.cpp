@@ -1,0 +1,196 @@
+// Reads on native data.
+
+#include "read.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/core.h>
+
+#include "filter.h"
+
+namespace ymap::agent {
+
+namespace {
+
+using ozk::children;
+using ozk::text;
+
+class Reader {
+public:
+    Reader(const Request& request, std::span<const Native> natives, const MapLibrary& library,
+           const Hooks& hooks)
+        : request_(request), natives_(natives), library_(library), hooks_(hooks)
+    {
+    }
+
+    Reading read()
+    {
+        ReadPlan plan  = plan_read(request_, library_);
+        reading_.notes = std::move(plan.notes);
+
+        ozk::Run& there = begin_pass("pass 1: the request becomes native paths");
+        for (OzkMapNode& node : children(plan.map_request.top()))
+            walk_root(there, node);
+        end_pass(there);
+
+        ozk::Run& back = begin_pass("pass 2: native data becomes data of the clients' model");
+        const ozk::Tree& asked = keep(data::filter_of(there.added()));
+        note_missing(asked.top());
+        const data::Filter native_filter(asked.top());
+        for (const Native& native : natives_) {
+            OzkMapNode picked =
+                native_filter.select(*native.top, native.document->indexes, keep(ozk::Tree()));
+            for (OzkMapNode& root : children(picked))
+                walk_root(back, root);
+        }
+        end_pass(back);
+
+        // The request's own filter: on what came back, and on the native data itself.
+        const data::Filter filter(plan.filter.top());
+        const ozk::Tree& mapped = keep(ozk::tree_of(back.added()));
+        data::Indexes indexes;
+        take(filter.select(mapped.top(), indexes, keep(ozk::Tree())));
+        for (const Native& native : natives_)
+            take(filter.select(*native.top, native.document->indexes, keep(ozk::Tree())));
+        keep(std::move(plan.map_request));
+        keep(std::move(plan.filter));
+        return std::move(reading_);
+    }
+
+private:
+    ozk::Tree& keep(ozk::Tree tree) { return reading_.parts.emplace_back(std::move(tree)); }
+
+    ozk::Run& begin_pass(const char* pass)
+    {
+        auto& run = reading_.passes.emplace_back(std::make_unique<ozk::Run>(request_.op_code));
+        if (hooks_.before_pass)
+            hooks_.before_pass(*run, pass);
+        return *run;
+    }
+
+    void end_pass(ozk::Run& run)
+    {
+        if (hooks_.after_pass)
+            hooks_.after_pass(run);
+        reading_.faults.insert(reading_.faults.end(), run.faults().begin(), run.faults().end());
+    }
+
+    void walk_root(ozk::Run& run, OzkMapNode& node)
+    {
+        const ModelRoot* root = find_root(node);
+        if (root == nullptr || library_.root_walker(*root) == nullptr)
+            return;
+        Walk walked = walk(run, library_, *root, node);
+        if (walked.status != MAP_OK)
+            reading_.walks.push_back(std::move(walked));
+    }
+
+    /// Roots that the map asks for and no document has.
+    void note_missing(const OzkMapNode& asked)
+    {
+        if (request_.reads_all)
+            return;
+        for (const OzkMapNode& root : children(asked))
+            if (std::ranges::none_of(natives_, [&](const Native& native) {
+                    return ozk::find_child(*native.top, root.tag, root.ns_uri) != nullptr;
+                }))
+                reading_.notes.push_back(
+                    {"data-missing",
+                     fmt::format("no native document has /{} ({}), which the request selects",
+                                 root.tag, prefix_of(text(root.ns_uri)))});
+    }
+
+    /// Takes what was selected into the reply. Roots of several documents are one.
+    void take(const OzkMapNode& selected)
+    {
+        ozk::Tree& reply = reading_.reply;
+        for (const OzkMapNode& root : children(selected)) {
+            OzkMapNode* same = ozk::find_child(reply.top(), root.tag, root.ns_uri);
+            if (same == nullptr) {
+                reply.append(reply.top()) = root;
+                continue;
+            }
+            std::vector<OzkMapNode> all(children(*same).begin(), children(*same).end());
+            all.insert(all.end(), children(root).begin(), children(root).end());
+            reply.set_children(*same, all);
+        }
+    }
+
+    const Request& request_;
+    std::span<const Native> natives_;
+    const MapLibrary& library_;
+    const Hooks& hooks_;
+    Reading reading_;
+};
+
+/// Looks each node of a native document up in the schema of the map.
+class FitCheck {
+public:
+    FitCheck(const Native& native, const MapLibrary& library)
+        : library_(library), top_(*native.top), paths_(top_, list_keys())
+    {
+    }
+
+    std::vector<Note> check()
+    {
+        for (const OzkMapNode& node : children(top_)) {
+            const ModelRoot* root = find_root(node);
+            if (root == nullptr || library_.root_walker(*root) == nullptr)
+                continue;
+            schema_ = &library_.schema(*root);
+            ns_uri_ = root->ns_uri;
+            check_children(schema_->root(), node);
+        }
+        return std::move(notes_);
+    }
+
+private:
+    void check_children(const Schema::Node& schema, const OzkMapNode& node)
+    {
+        for (const OzkMapNode& child : children(node)) {
+            const Schema::Node* known = schema_->child(schema, child.tag);
+            if (known == nullptr) {
+                if (!schema.facts->hook_by_hand || ozk::same_text(child.ns_uri, ns_uri_))
+                    note("is not in the schema of the map, skipped", child);
+            } else if (known->facts->kind == data::NodeKind::leaf) {
+                if (!children(child).empty())
+                    note("is a leaf, what stands in it is skipped", child);
+            } else {
+                if (child.value != nullptr)
+                    note("takes no value, its value is skipped", child);
+                check_children(*known, child);
+            }
+        }
+    }
+
+    void note(const char* message, const OzkMapNode& node)
+    {
+        Note note{"unknown-element", fmt::format("'{}' {}", text(node.tag), message)};
+        note.path = paths_.of(node);
+        note.line = node.line;
+        notes_.push_back(std::move(note));
+    }
+
+    const MapLibrary& library_;
+    const OzkMapNode& top_;
+    data::InstancePaths paths_;
+    std::vector<Note> notes_;
+    const Schema* schema_ = nullptr;
+    const char* ns_uri_   = nullptr;
+};
+
+} // namespace
+
+Reading read(const Request& request, std::span<const Native> natives, const MapLibrary& library,
+             const Hooks& hooks)
+{
+    return Reader(request, natives, library, hooks).read();
+}
+
+std::vector<Note> find_unfit(const Native& native, const MapLibrary& library)
+{
+    return FitCheck(native, library).check();
+}
+
+} // namespace ymap::agent

@@ -1,0 +1,385 @@
+// The envelope of a request, read off the tree of its document.
+
+#include "request.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <fmt/core.h>
+
+#include "text.h"
+
+namespace ymap::agent {
+
+namespace {
+
+using data::NS_NETCONF;
+using ozk::children;
+using ozk::text;
+
+/// Clients leave the namespace out where they build a filter or a configuration by hand.
+bool is_netconf(const OzkMapNode& node, std::string_view tag)
+{
+    return text(node.tag) == tag && (node.ns_uri == nullptr || text(node.ns_uri) == NS_NETCONF);
+}
+
+bool is_of_netconf(const OzkMapNode& node)
+{
+    return text(node.ns_uri) == NS_NETCONF;
+}
+
+class EnvelopeReader {
+public:
+    EnvelopeReader(Request& request, const RequestOptions& options)
+        : request_(request), options_(options)
+    {
+    }
+
+    void read()
+    {
+        OzkMapNode& top = request_.document.tree.top();
+        if (children(top).empty())
+            fail("malformed-message", "the document is empty", top);
+        OzkMapNode& outermost = children(top).front();
+        if (is_of_netconf(outermost) && text(outermost.tag) == "rpc")
+            return read_rpc(outermost);
+        // The root first: an unknown one is the greater fault, whatever the operation.
+        require_known_root(outermost);
+        if (!options_.bare_op_code)
+            fail("malformed-message",
+                 "a bare data tree: say with --op get, get-config or edit what to do with it",
+                 outermost);
+        request_.op_code = *options_.bare_op_code;
+        take_content(top);
+    }
+
+private:
+    [[noreturn]] void fail(const char* tag, const std::string& message, const OzkMapNode& node,
+                           const char* type = "protocol") const
+    {
+        Error error = error_at(tag, message, node);
+        error.type  = type;
+        if (node.tag != nullptr)
+            error.bad_element = node.tag;
+        throw RequestError(error);
+    }
+
+    /// An error about a root or a node below one is told from the root on.
+    Error error_at(const char* tag, const std::string& message, const OzkMapNode& node) const
+    {
+        return agent::error_at(
+            tag, message,
+            request_.content != nullptr ? *request_.content : request_.document.tree.top(), node);
+    }
+
+    [[noreturn]] void fail_missing(const char* name, const std::string& message,
+                                   const OzkMapNode& operation) const
+    {
+        Error error       = error_at("missing-element", message, operation);
+        error.type        = "protocol";
+        error.bad_element = name;
+        throw RequestError(error);
+    }
+
+    [[noreturn]] void fail_attribute(const char* tag, const std::string& message,
+                                     const OzkMapNode& node, const data::Attribute& attribute) const
+    {
+        Error error         = error_at(tag, message, node);
+        error.bad_element   = node.tag;
+        error.bad_attribute = attribute.name;
+        throw RequestError(error);
+    }
+
+    static void require_known_root(const OzkMapNode& node);
+    void read_rpc(OzkMapNode& rpc);
+    void read_get(OzkMapNode& operation);
+    void read_edit(OzkMapNode& operation);
+    /// The parameters of `operation` by the places of their names in `names`; null for a missing
+    /// one. Fails for any other, and for a second one.
+    template <size_t count>
+    std::array<OzkMapNode*, count> parameters(OzkMapNode& operation,
+                                              const std::array<std::string_view, count>& names);
+    void require_datastore(const OzkMapNode* parameter, const char* name,
+                           const OzkMapNode& operation) const;
+    std::string_view choice(const OzkMapNode* parameter,
+                            std::initializer_list<std::string_view> choices) const;
+    void check_filter(const OzkMapNode& filter) const;
+    void take_content(OzkMapNode& content);
+    void inherit_operations(OzkMapNode& node, ozk::Edit operation) const;
+    void mark_matches(OzkMapNode& node) const;
+
+    Request& request_;
+    const RequestOptions& options_;
+};
+
+void EnvelopeReader::require_known_root(const OzkMapNode& node)
+{
+    if (find_root(node) != nullptr)
+        return;
+    const bool is_known = std::ranges::any_of(
+        model_roots(), [&](const ModelRoot& root) { return root.ns_uri == text(node.ns_uri); });
+    Error error{
+        is_known ? "unknown-element" : "unknown-namespace",
+        is_known ? fmt::format("unknown root '{}' of namespace '{}'", node.tag, text(node.ns_uri))
+                 : fmt::format("unknown namespace '{}' of root '{}'", text(node.ns_uri), node.tag)};
+    error.line          = node.line;
+    error.bad_element   = node.tag;
+    error.bad_namespace = is_known ? "" : text(node.ns_uri);
+    throw RequestError(error);
+}
+
+void EnvelopeReader::read_rpc(OzkMapNode& rpc)
+{
+    request_.is_rpc = true;
+    if (rpc.value != nullptr)
+        fail("malformed-message", "text is not expected here", rpc, "rpc");
+    const auto operations = children(rpc);
+    if (operations.empty())
+        fail("missing-element", "the rpc holds no operation", rpc, "rpc");
+    if (operations.size() > 1)
+        fail("malformed-message",
+             fmt::format("element '{}' follows the operation of the rpc", operations[1].tag),
+             operations[1], "rpc");
+    OzkMapNode& operation = operations.front();
+    if (!is_of_netconf(operation) ||
+        (text(operation.tag) != "get" && text(operation.tag) != "get-config" &&
+         text(operation.tag) != "edit-config"))
+        fail("operation-not-supported",
+             fmt::format("operation '{}' is not supported: get, get-config or edit-config is "
+                         "expected",
+                         operation.tag),
+             operation);
+    if (operation.value != nullptr)
+        fail("malformed-message", fmt::format("text is not expected in {}", operation.tag),
+             operation);
+    if (text(operation.tag) == "edit-config")
+        return read_edit(operation);
+    request_.op_code = text(operation.tag) == "get" ? MAP_OP_GET : MAP_OP_GET_CONFIG;
+    read_get(operation);
+}
+
+template <size_t count>
+std::array<OzkMapNode*, count>
+EnvelopeReader::parameters(OzkMapNode& operation, const std::array<std::string_view, count>& names)
+{
+    std::array<OzkMapNode*, count> found{};
+    for (OzkMapNode& parameter : children(operation)) {
+        const auto name = std::ranges::find_if(
+            names, [&](std::string_view each) { return is_netconf(parameter, each); });
+        if (name == names.end())
+            fail("unknown-element",
+                 fmt::format("element '{}' is not supported in {}", parameter.tag, operation.tag),
+                 parameter);
+        OzkMapNode*& place = found[static_cast<size_t>(name - names.begin())];
+        if (place != nullptr)
+            fail("bad-element", fmt::format("a second '{}' in {}", parameter.tag, operation.tag),
+                 parameter);
+        place = &parameter;
+    }
+    return found;
+}
+
+/// RFC 6241, 7.1 and 7.2: <source> and <target> hold the name of a datastore as an element.
+void EnvelopeReader::require_datastore(const OzkMapNode* parameter, const char* name,
+                                       const OzkMapNode& operation) const
+{
+    if (parameter == nullptr)
+        fail_missing(name, fmt::format("{} has no '{}'", operation.tag, name), operation);
+    const auto names = children(*parameter);
+    if (names.size() != 1)
+        fail("bad-element", fmt::format("'{}' holds no name of a datastore", name), *parameter);
+    const auto is_it = [&](std::string_view each) { return is_netconf(names.front(), each); };
+    if (std::ranges::none_of(options_.datastores, is_it))
+        fail("invalid-value",
+             fmt::format("'{}' is not supported as the {} of {}", names.front().tag, name,
+                         operation.tag),
+             names.front());
+}
+
+/// The value of a parameter, which has to be one of `choices`; the first without the parameter.
+std::string_view EnvelopeReader::choice(const OzkMapNode* parameter,
+                                        std::initializer_list<std::string_view> choices) const
+{
+    if (parameter == nullptr)
+        return *choices.begin();
+    if (!children(*parameter).empty())
+        fail("bad-element",
+             fmt::format("element '{}' is not expected in {}", children(*parameter).front().tag,
+                         parameter->tag),
+             children(*parameter).front());
+    const std::string_view value = data::trim(text(parameter->value));
+    if (std::ranges::find(choices, value) == choices.end())
+        fail("invalid-value", fmt::format("unknown {} '{}'", parameter->tag, value), *parameter);
+    return value;
+}
+
+void EnvelopeReader::check_filter(const OzkMapNode& filter) const
+{
+    for (const data::Attribute& attribute : request_.document.attributes_of(filter))
+        if (attribute.name == "type" && attribute.prefix != "xmlns" &&
+            (attribute.ns_uri.empty() || attribute.ns_uri == NS_NETCONF) &&
+            attribute.value != "subtree")
+            fail_attribute("bad-attribute",
+                           fmt::format("a filter of type '{}' is not supported, only of type "
+                                       "'subtree'",
+                                       attribute.value),
+                           filter, attribute);
+    if (filter.value != nullptr)
+        fail("bad-element", "text is not expected in filter", filter);
+}
+
+void EnvelopeReader::read_get(OzkMapNode& operation)
+{
+    OzkMapNode* filter = nullptr;
+    if (request_.op_code == MAP_OP_GET) {
+        filter = parameters<1>(operation, {"filter"})[0];
+    } else {
+        const auto found = parameters<2>(operation, {"source", "filter"});
+        require_datastore(found[0], "source", operation);
+        filter = found[1];
+    }
+    if (filter == nullptr) {
+        request_.reads_all = true;
+        return;
+    }
+    check_filter(*filter);
+    take_content(*filter);
+}
+
+void EnvelopeReader::read_edit(OzkMapNode& operation)
+{
+    const auto [target, default_operation, test_option, error_option, config] = parameters<5>(
+        operation, {"target", "default-operation", "test-option", "error-option", "config"});
+    require_datastore(target, "target", operation);
+    request_.op_code                      = MAP_OP_EDIT;
+    const std::string_view operation_name = choice(default_operation, {"merge", "replace", "none"});
+    request_.default_operation = ozk::edit_from_name(operation_name).value_or(ozk::Edit::none);
+    request_.test_only = choice(test_option, {"test-then-set", "set", "test-only"}) == "test-only";
+    // An edit is carried out as a whole or not at all, so that there is nothing to stop or to roll
+    // back; but to go on behind an error would be another thing.
+    if (choice(error_option, {"stop-on-error", "rollback-on-error", "continue-on-error"}) ==
+        "continue-on-error")
+        fail("operation-not-supported", "error-option 'continue-on-error' is not supported",
+             *error_option);
+    if (config == nullptr)
+        fail_missing("config", "edit-config holds no config", operation);
+    if (config->value != nullptr)
+        fail("bad-element", "text is not expected in config", *config);
+    take_content(*config);
+}
+
+void EnvelopeReader::take_content(OzkMapNode& content)
+{
+    request_.content = &content;
+    if (!request_.is_edit()) {
+        const data::Document& document = request_.document;
+        if (document.attributes.empty() && !document.has_operations)
+            return; // most documents: data, for one
+        for (OzkMapNode& root : children(content))
+            mark_matches(root);
+        return;
+    }
+    content.edit        = static_cast<uint8_t>(request_.default_operation);
+    content.edit_is_own = 0;
+    for (OzkMapNode& root : children(content))
+        inherit_operations(root, request_.default_operation);
+}
+
+/// Gives each node the operation that holds for it. Neither an operation without its prefix nor any
+/// other attribute may be passed over: the request would do more or less than it says.
+void EnvelopeReader::inherit_operations(OzkMapNode& node, ozk::Edit operation) const
+{
+    for (const data::Attribute& attribute : request_.document.attributes_of(node)) {
+        if (attribute.prefix == "xmlns")
+            continue;
+        if (attribute.ns_uri == NS_NETCONF && attribute.name == "operation")
+            fail_attribute("bad-attribute",
+                           fmt::format("unknown operation '{}' of '{}'", attribute.value, node.tag),
+                           node, attribute);
+        fail_attribute("unknown-attribute",
+                       attribute.ns_uri.empty()
+                           ? fmt::format("attribute '{}' of '{}' has no namespace and is not "
+                                         "supported",
+                                         attribute.name, node.tag)
+                           : fmt::format("attribute '{}:{}' of '{}' is not supported",
+                                         attribute.prefix, attribute.name, node.tag),
+                       node, attribute);
+    }
+    if (node.edit_is_own == 0)
+        node.edit = static_cast<uint8_t>(operation);
+    for (OzkMapNode& child : children(node))
+        inherit_operations(child, ozk::edit_of(node));
+}
+
+/// RFC 6241, 6.2.2: nothing is like a node with an attribute that data doesn't have.
+void EnvelopeReader::mark_matches(OzkMapNode& node) const
+{
+    const auto& attributes = request_.document.attributes_of(node);
+    if (node.edit_is_own != 0 || std::ranges::any_of(attributes, [](const data::Attribute& each) {
+            return each.prefix != "xmlns";
+        }))
+        node.marks |= ozk::MARK_MATCHES_NONE;
+    for (OzkMapNode& child : children(node))
+        mark_matches(child);
+}
+
+} // namespace
+
+Error error_at(const char* tag, const std::string& message, const OzkMapNode& top,
+               const OzkMapNode& node)
+{
+    data::InstancePaths paths(top, list_keys());
+    Error error{tag, message};
+    error.path       = paths.of(node);
+    error.error_path = error_path(paths, node);
+    error.line       = node.line;
+    return error;
+}
+
+std::string error_path(data::InstancePaths& paths, const OzkMapNode& node)
+{
+    return paths.of(node, [](const char* ns_uri) {
+        const Module* module = find_module(text(ns_uri));
+        return module != nullptr ? std::string_view(module->prefix) : std::string_view();
+    });
+}
+
+Request parse_request(data::Document document, const RequestOptions& options)
+{
+    Request request{.document = std::move(document)};
+    EnvelopeReader(request, options).read();
+    return request;
+}
+
+OzkMapNode& data_of(data::Document& document)
+{
+    OzkMapNode* content = &document.tree.top();
+    const auto is_only  = [&](std::string_view tag) {
+        return children(*content).size() == 1 && is_netconf(children(*content).front(), tag);
+    };
+    const auto fail = [](const std::string& message, const OzkMapNode& node) {
+        Error error{"bad-element", message};
+        error.line = node.line;
+        throw RequestError(error);
+    };
+    if (is_only("rpc-reply"))
+        content = &children(*content).front();
+    if (is_only("data") || is_only("config"))
+        content = &children(*content).front();
+    if (content->value != nullptr)
+        fail("text stands where data is expected", *content);
+    for (const OzkMapNode& root : children(*content)) {
+        const ModelRoot* known = find_root(root);
+        if (is_netconf(root, "rpc"))
+            fail("an rpc, where native data is expected", root);
+        if (known == nullptr)
+            fail(fmt::format("unknown root '{}' of namespace '{}'", root.tag, text(root.ns_uri)),
+                 root);
+        if (known->is_clients)
+            fail(fmt::format("/{} is no native data, but of the clients' model", root.tag), root);
+    }
+    return *content;
+}
+
+} // namespace ymap::agent

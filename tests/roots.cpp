@@ -1,0 +1,36 @@
+#include "roots.h"
+
+#include <dlfcn.h>
+
+#include <stdexcept>
+#include <vector>
+
+namespace test {
+
+std::span<const Root> roots()
+{
+    static const std::vector<Root> all = [] {
+        OzkMapFunction* const walkers[] = {
+            ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces,
+            ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate,
+            ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration,
+            ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations,
+            ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces};
+        std::vector<Root> made;
+        for (const schema::Model& model : schema::models())
+            for (const schema::Node& node : model.roots)
+                made.push_back({model, node, walkers[made.size()]});
+        return made;
+    }();
+    return all;
+}
+
+void* find_map_function(const std::string& name)
+{
+    void* found = dlsym(RTLD_DEFAULT, name.c_str());
+    if (found == nullptr)
+        throw std::runtime_error("no function " + name);
+    return found;
+}
+
+} // namespace test
