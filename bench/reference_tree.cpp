@@ -1,10 +1,11 @@
-// How the trees of the benches are built: straight into the records, since a tree of 100,000
-// interfaces has more than five million nodes.
+// How the trees of the benches are built: records and nothing else, since a tree of 100,000
+// interfaces has close to five million nodes.
 
 #include "reference_tree.h"
 
 #include <malloc.h>
 
+#include <cstdio>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -53,40 +54,43 @@ constexpr const char* full_statistics[] = {
 };
 constexpr uint32_t statistics = std::size(full_statistics);
 
-/// Names the records of one tree. Nodes are filled in document order; the last children that were
-/// asked for are the ones that leaf() fills.
+/// Builds a tree of one root. What is added to a node stays where it is as long as no more children
+/// are added than the node was made for.
 class Builder {
 public:
-    Builder(const char* root_tag, const char* ns_uri, ozk::Edit default_edit = ozk::Edit::none)
+    Builder(const char* root_tag, const char* ns_uri, uint32_t children,
+            ozk::Edit default_edit = ozk::Edit::none)
+        : ns_uri_(ns_uri)
     {
-        ns_uri_ = tree_.intern(ns_uri);
-        name(tree_.root(), root_tag);
-        tree_.root().edit = static_cast<uint8_t>(default_edit);
+        tree_.top().edit = static_cast<uint8_t>(default_edit);
+        root_            = &node(tree_.top(), root_tag, children);
     }
 
-    OzkMapNode* children(OzkMapNode& node, uint32_t count)
+    OzkMapNode& root() { return *root_; }
+
+    OzkMapNode& node(OzkMapNode& parent, const char* tag, uint32_t children)
     {
-        return tree_.make_children(node, count);
+        OzkMapNode& made = tree_.append(parent, tag, ns_uri_);
+        tree_.reserve(made, children);
+        return made;
     }
 
-    OzkMapNode& name(OzkMapNode& node, const char* tag)
+    OzkMapNode& leaf(OzkMapNode& parent, const char* tag)
     {
-        node.tag    = tree_.intern(tag);
-        node.ns_uri = ns_uri_;
-        return node;
+        return tree_.append(parent, tag, ns_uri_);
     }
 
-    void leaf(OzkMapNode& node, const char* tag, const std::string& value)
+    void leaf(OzkMapNode& parent, const char* tag, const std::string& value)
     {
-        name(node, tag).value = tree_.keep(value);
-        node.flags |= MAP_NODE_HAS_VALUE;
+        ozk::Tree::set_value(leaf(parent, tag), tree_.keep(value));
     }
 
-    ozk::InputTree& tree() { return tree_; }
+    ozk::Tree take() { return std::move(tree_); }
 
 private:
-    ozk::InputTree tree_;
+    ozk::Tree tree_;
     const char* ns_uri_;
+    OzkMapNode* root_;
 };
 
 std::string interface_name(uint32_t i)
@@ -115,92 +119,57 @@ std::string counter(uint32_t i, uint32_t which)
     return std::to_string(mixed % 1000000000000000 >> which % 48);
 }
 
-void write_escaped(FILE* file, const char* text)
-{
-    for (; *text != '\0'; ++text) {
-        switch (*text) {
-        case '&': fputs("&amp;", file); break;
-        case '<': fputs("&lt;", file); break;
-        case '>': fputs("&gt;", file); break;
-        default: fputc(*text, file);
-        }
-    }
-}
-
-void write_node(FILE* file, const OzkMapNode& node, int indent, bool is_root)
-{
-    fprintf(file, "%*s<%s", indent, "", node.tag);
-    if (is_root)
-        fprintf(file, " xmlns=\"%s\"", node.ns_uri);
-    if (node.subtree_count == 0) {
-        fputs(">", file);
-        write_escaped(file, node.value != nullptr ? node.value : "");
-    } else {
-        fputs(">\n", file);
-        for (uint32_t i = 0; i < node.subtree_count; ++i)
-            write_node(file, node.subtrees[i], indent + 2, false);
-        fprintf(file, "%*s", indent, "");
-    }
-    fprintf(file, "</%s>\n", node.tag);
-}
-
 /// Requests on /interfaces: what stands in each entry behind the key.
-ozk::InputTree configuration_request(uint32_t interfaces, ozk::Edit edit, bool with_leaves,
-                                     bool with_values)
+ozk::Tree configuration_request(uint32_t interfaces, uint32_t first, ozk::Edit edit,
+                                bool with_leaves, bool with_values)
 {
     const bool is_edit = edit != ozk::Edit::none;
-    Builder builder("interfaces", NS_IETF_INTERFACES, is_edit ? ozk::Edit::merge : ozk::Edit::none);
-    OzkMapNode* entry = builder.children(builder.tree().root(), interfaces);
-    for (uint32_t i = 0; i < interfaces; ++i, ++entry) {
-        builder.name(*entry, "interface");
+    Builder builder("interfaces", NS_IETF_INTERFACES, interfaces,
+                    is_edit ? ozk::Edit::merge : ozk::Edit::none);
+    for (uint32_t i = first; i < first + interfaces; ++i) {
+        OzkMapNode& entry = builder.node(builder.root(), "interface", with_leaves ? 3 : 1);
         if (is_edit) {
-            entry->edit        = static_cast<uint8_t>(edit);
-            entry->edit_is_own = 1;
+            entry.edit        = static_cast<uint8_t>(edit);
+            entry.edit_is_own = 1;
         }
-        OzkMapNode* child = builder.children(*entry, with_leaves ? 3 : 1);
-        builder.leaf(*child++, "name", interface_name(i));
+        builder.leaf(entry, "name", interface_name(i));
         if (!with_leaves)
             continue;
         if (with_values) {
-            builder.leaf(*child++, "description", description(i));
-            builder.leaf(*child++, "enabled", "true");
+            builder.leaf(entry, "description", description(i));
+            builder.leaf(entry, "enabled", "true");
         } else {
-            builder.name(*child++, "description");
-            builder.name(*child++, "enabled");
+            builder.leaf(entry, "description");
+            builder.leaf(entry, "enabled");
         }
     }
-    return std::move(builder.tree());
+    return builder.take();
 }
 
 } // namespace
 
-ozk::InputTree operational_tree(uint32_t interfaces)
+ozk::Tree operational_tree(uint32_t interfaces)
 {
-    Builder builder("interfaces", NS_NQ_PFI_IM_CMD_OPER);
-    OzkMapNode& list  = builder.name(*builder.children(builder.tree().root(), 1), "interface-nq");
-    OzkMapNode* entry = builder.children(list, interfaces);
-    for (uint32_t i = 0; i < interfaces; ++i, ++entry) {
-        builder.name(*entry, "interface");
-        OzkMapNode* child = builder.children(*entry, 8);
-        builder.leaf(*child++, "interface-name", interface_name(i));
-        OzkMapNode& mac = builder.name(*child++, "mac-address");
-        builder.leaf(*builder.children(mac, 1), "address", mac_address(i));
+    Builder builder("interfaces", NS_NQ_PFI_IM_CMD_OPER, 1);
+    OzkMapNode& list = builder.node(builder.root(), "interface-nq", interfaces);
+    for (uint32_t i = 0; i < interfaces; ++i) {
+        OzkMapNode& entry = builder.node(list, "interface", 8);
+        builder.leaf(entry, "interface-name", interface_name(i));
+        builder.leaf(builder.node(entry, "mac-address", 1), "address", mac_address(i));
 
-        OzkMapNode& stats = builder.name(*child++, "interface-statistics");
-        OzkMapNode* parts = builder.children(stats, 2);
-        OzkMapNode* leaf =
-            builder.children(builder.name(parts[0], "full-interface-stats"), statistics);
+        OzkMapNode& stats = builder.node(entry, "interface-statistics", 2);
+        OzkMapNode& full  = builder.node(stats, "full-interface-stats", statistics);
         for (uint32_t which = 0; which < statistics; ++which)
-            builder.leaf(*leaf++, full_statistics[which], counter(i, which));
-        builder.leaf(parts[1], "stats-type", "full");
+            builder.leaf(full, full_statistics[which], counter(i, which));
+        builder.leaf(stats, "stats-type", "full");
 
-        builder.leaf(*child++, "state", i % 8 != 0 ? "up" : "down");
-        builder.leaf(*child++, "line-state", i % 8 != 0 ? "up" : "down");
-        builder.leaf(*child++, "mtu", std::to_string(1500 + i % 7 * 250));
-        builder.leaf(*child++, "bandwidth", "1000000");
-        builder.leaf(*child++, "description", description(i));
+        builder.leaf(entry, "state", i % 8 != 0 ? "up" : "down");
+        builder.leaf(entry, "line-state", i % 8 != 0 ? "up" : "down");
+        builder.leaf(entry, "mtu", std::to_string(1500 + i % 7 * 250));
+        builder.leaf(entry, "bandwidth", "1000000");
+        builder.leaf(entry, "description", description(i));
     }
-    return std::move(builder.tree());
+    return builder.take();
 }
 
 uint64_t operational_nodes(uint32_t interfaces)
@@ -209,65 +178,52 @@ uint64_t operational_nodes(uint32_t interfaces)
     return 2 + interfaces * of_an_interface;
 }
 
-ozk::InputTree native_configuration_tree(uint32_t interfaces)
+ozk::Tree native_configuration_tree(uint32_t interfaces)
 {
-    Builder builder("interface-configurations", NS_NQ_IFMGR_CFG);
-    OzkMapNode* entry = builder.children(builder.tree().root(), interfaces);
-    for (uint32_t i = 0; i < interfaces; ++i, ++entry) {
-        builder.name(*entry, "interface-configuration");
-        OzkMapNode* child = builder.children(*entry, 6);
-        builder.leaf(*child++, "active", "act");
-        builder.leaf(*child++, "interface-name", interface_name(i));
-        builder.leaf(*child++, "description", description(i));
-        builder.leaf(*child++, "shutdown", "");
-        builder.leaf(*child++, "bandwidth", "1000000");
-        OzkMapNode& mtus = builder.name(*child++, "mtus");
-        OzkMapNode& mtu  = builder.name(*builder.children(mtus, 1), "mtu");
-        OzkMapNode* leaf = builder.children(mtu, 2);
-        builder.leaf(leaf[0], "owner", "gigabit-ethernet");
-        builder.leaf(leaf[1], "mtu", std::to_string(1500 + i % 7 * 250));
+    Builder builder("interface-configurations", NS_NQ_IFMGR_CFG, interfaces);
+    for (uint32_t i = 0; i < interfaces; ++i) {
+        OzkMapNode& entry = builder.node(builder.root(), "interface-configuration", 6);
+        builder.leaf(entry, "active", "act");
+        builder.leaf(entry, "interface-name", interface_name(i));
+        builder.leaf(entry, "description", description(i));
+        builder.leaf(entry, "shutdown", "");
+        builder.leaf(entry, "bandwidth", "1000000");
+        OzkMapNode& mtu = builder.node(builder.node(entry, "mtus", 1), "mtu", 2);
+        builder.leaf(mtu, "owner", "gigabit-ethernet");
+        builder.leaf(mtu, "mtu", std::to_string(1500 + i % 7 * 250));
     }
-    return std::move(builder.tree());
+    return builder.take();
 }
 
-ozk::InputTree native_global_tree()
+ozk::Tree native_global_tree()
 {
-    Builder builder("global-interface-configuration", NS_NQ_IFMGR_CFG);
-    builder.leaf(*builder.children(builder.tree().root(), 1), "link-status", "software-interfaces");
-    return std::move(builder.tree());
+    Builder builder("global-interface-configuration", NS_NQ_IFMGR_CFG, 1);
+    builder.leaf(builder.root(), "link-status", "software-interfaces");
+    return builder.take();
 }
 
-ozk::InputTree configuration_read(uint32_t interfaces)
+ozk::Tree configuration_read(uint32_t interfaces)
 {
-    return configuration_request(interfaces, ozk::Edit::none, true, false);
+    return configuration_request(interfaces, 0, ozk::Edit::none, true, false);
 }
 
-ozk::InputTree state_read(uint32_t interfaces)
+ozk::Tree state_read(uint32_t interfaces, uint32_t first)
 {
-    Builder builder("interfaces-state", NS_IETF_INTERFACES);
-    OzkMapNode* entry = builder.children(builder.tree().root(), interfaces);
-    for (uint32_t i = 0; i < interfaces; ++i, ++entry) {
-        builder.name(*entry, "interface");
-        builder.leaf(*builder.children(*entry, 1), "name", interface_name(i));
-    }
-    return std::move(builder.tree());
+    Builder builder("interfaces-state", NS_IETF_INTERFACES, interfaces);
+    for (uint32_t i = first; i < first + interfaces; ++i)
+        builder.leaf(builder.node(builder.root(), "interface", 1), "name", interface_name(i));
+    return builder.take();
 }
 
-ozk::InputTree configuration_edit(uint32_t interfaces, ozk::Edit edit)
+ozk::Tree configuration_edit(uint32_t interfaces, ozk::Edit edit, uint32_t first)
 {
-    const bool deletes = edit == ozk::Edit::erase || edit == ozk::Edit::remove;
-    return configuration_request(interfaces, edit, !deletes, true);
+    return configuration_request(interfaces, first, edit, !ozk::deletes(edit), true);
 }
 
 void keep_memory()
 {
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, -1);
-}
-
-void write_document(FILE* file, const OzkMapNode& root)
-{
-    write_node(file, root, 0, true);
 }
 
 } // namespace bench

@@ -20,14 +20,14 @@ int main(int argc, char** argv)
         fprintf(stderr, "usage: reference_walk INTERFACES [--count] (1 to 1000000)\n");
         return 2;
     }
-    const ozk::InputTree tree = bench::operational_tree(static_cast<uint32_t>(interfaces));
+    const ozk::Tree tree = bench::operational_tree(static_cast<uint32_t>(interfaces));
 
     ozk::Run run(MAP_OP_GET);
     uint64_t calls = 0;
     if (counts)
         run.on_call([&](ozk::Run&, const ozk::Call&) { ++calls; });
     const uint32_t status =
-        run.walk(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces, &tree.root());
+        run.walk(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces, &bench::root_of(tree));
 
     // A walk that failed or added something else than it should has no cost worth knowing: each
     // interface has a list path, its key, added twice, its MAC address and nine counters.

@@ -23,6 +23,7 @@
 #include <libxslt/xsltInternals.h>
 
 #include "hand_written_walk.h"
+#include "reader.h"
 #include "reference_tree.h"
 #include "run.h"
 
@@ -36,8 +37,8 @@ struct Freer {
         Free(object);
     }
 };
-using Document   = std::unique_ptr<xmlDoc, Freer<xmlFreeDoc>>;
-using Stylesheet = std::unique_ptr<xsltStylesheet, Freer<xsltFreeStylesheet>>;
+using XmlDocument = std::unique_ptr<xmlDoc, Freer<xmlFreeDoc>>;
+using Stylesheet  = std::unique_ptr<xsltStylesheet, Freer<xsltFreeStylesheet>>;
 
 [[noreturn]] void stop(const std::string& message)
 {
@@ -51,101 +52,75 @@ std::string_view view(const xmlChar* text)
                            : std::string_view();
 }
 
-// ---------------------------------------------------------------------------------------------
-// From the tree of the parser to the tree of the library
-
-uint32_t count_elements(const xmlNode* parent)
-{
-    uint32_t count = 0;
-    for (const xmlNode* child = parent->children; child != nullptr; child = child->next)
-        count += child->type == XML_ELEMENT_NODE ? 1 : 0;
-    return count;
-}
-
-void copy_into(ozk::InputTree& tree, OzkMapNode& node, const xmlNode* element)
-{
-    node.tag    = tree.intern(view(element->name));
-    node.ns_uri = tree.intern(view(element->ns->href));
-    if (const uint32_t count = count_elements(element); count != 0) {
-        OzkMapNode* child = tree.make_children(node, count);
-        for (const xmlNode* each = element->children; each != nullptr; each = each->next)
-            if (each->type == XML_ELEMENT_NODE)
-                copy_into(tree, *child++, each);
-    } else {
-        const xmlNode* text = element->children;
-        node.value          = tree.keep(text != nullptr ? view(text->content) : "");
-        node.flags |= MAP_NODE_HAS_VALUE;
-    }
-}
-
-/// What all sides start from.
+/// What all sides start from: the tree in memory that each of them reads.
 struct Inputs {
     const char* path;
-    Document parsed;
-    ozk::InputTree tree;
+    ymap::data::Document native;
+    XmlDocument parsed;
     Stylesheet stylesheet;
+
+    const OzkMapNode& root() const { return bench::root_of(native.tree); }
+    uint32_t interfaces() const { return root().subtrees[0].subtree_count; }
 };
 
 Inputs read_inputs(const char* path)
 {
-    Inputs inputs{path, Document(xmlReadFile(path, nullptr, XML_PARSE_NONET)), {}, {}};
-    if (!inputs.parsed)
-        stop(std::string("cannot read ") + path);
-    copy_into(inputs.tree, inputs.tree.root(), xmlDocGetRootElement(inputs.parsed.get()));
-    inputs.stylesheet.reset(
-        xsltParseStylesheetFile(reinterpret_cast<const xmlChar*>(BENCH_STYLESHEET)));
-    if (!inputs.stylesheet)
-        stop("cannot read the stylesheet");
+    Inputs inputs{
+        path, ymap::formats::read_xml(path, ymap::formats::bytes_of_file(path), {}),
+        XmlDocument(xmlReadFile(path, nullptr, XML_PARSE_NONET)),
+        Stylesheet(xsltParseStylesheetFile(reinterpret_cast<const xmlChar*>(BENCH_STYLESHEET)))};
+    if (!inputs.parsed || !inputs.stylesheet)
+        stop(std::string("cannot read the stylesheet or ") + path);
     return inputs;
 }
 
 // ---------------------------------------------------------------------------------------------
-// The mapping step
+// The mapping step. Its functions are found by name in a profile: each is called once before
+// anything is measured.
 
 /// The flat list of added paths, as a run keeps it.
-std::unique_ptr<ozk::Run> map_to_paths(const Inputs& inputs)
+[[gnu::noinline]] std::unique_ptr<ozk::Run> map_to_paths(const Inputs& inputs)
 {
     auto run = std::make_unique<ozk::Run>(MAP_OP_GET);
-    if (run->walk(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces, &inputs.tree.root()) !=
-        MAP_OK)
+    if (run->walk(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces, &inputs.root()) != MAP_OK)
         stop("the walk has failed");
     return run;
 }
 
 struct Mapped {
     std::unique_ptr<ozk::Run> run;
-    std::vector<ozk::DataNode> tree;
+    ozk::Tree tree;
 };
 
-Mapped map_to_tree(const Inputs& inputs)
+[[gnu::noinline]] Mapped map_to_tree(const Inputs& inputs)
 {
-    Mapped mapped{map_to_paths(inputs), {}};
-    mapped.tree = ozk::build_data_tree(mapped.run->added());
-    return mapped;
+    auto run       = map_to_paths(inputs);
+    ozk::Tree tree = ozk::tree_of(run->added());
+    return {std::move(run), std::move(tree)};
 }
 
-Document map_by_hand(const Inputs& inputs)
+[[gnu::noinline]] XmlDocument map_by_hand(const Inputs& inputs)
 {
-    return Document(bench::map_by_hand(inputs.parsed.get()));
+    return XmlDocument(bench::map_by_hand(inputs.parsed.get()));
 }
 
-Document map_by_stylesheet(const Inputs& inputs)
+[[gnu::noinline]] XmlDocument map_by_stylesheet(const Inputs& inputs)
 {
-    return Document(xsltApplyStylesheet(inputs.stylesheet.get(), inputs.parsed.get(), nullptr));
+    return XmlDocument(xsltApplyStylesheet(inputs.stylesheet.get(), inputs.parsed.get(), nullptr));
 }
 
 /// Whether an element and all below it is the same as a node of the library's result.
-bool same(const ozk::DataNode& node, const xmlNode* element)
+bool same(const OzkMapNode& node, const xmlNode* element)
 {
     if (element->type != XML_ELEMENT_NODE || node.tag != view(element->name) ||
         element->ns == nullptr || node.ns_uri != view(element->ns->href))
         return false;
     const xmlNode* below = element->children;
-    if (node.children.empty()) {
+    if (ozk::children(node).empty()) {
         const bool is_text = below != nullptr && below->type == XML_TEXT_NODE;
-        return node.value.value_or("") == (is_text ? view(below->content) : "");
+        return ozk::text(node.value) == (is_text ? view(below->content) : "");
     }
-    for (const ozk::DataNode& child : node.children) {
+    for (const OzkMapNode& child : ozk::children(node)) {
         if (below == nullptr || !same(child, below))
             return false;
         below = below->next;
@@ -155,16 +130,17 @@ bool same(const ozk::DataNode& node, const xmlNode* element)
 
 void check_results(const Inputs& inputs)
 {
-    const Mapped mapped          = map_to_tree(inputs);
-    const Document by_hand       = map_by_hand(inputs);
-    const Document by_stylesheet = map_by_stylesheet(inputs);
-    if (mapped.tree.size() != 1 || mapped.tree.front().children.empty())
+    const Mapped mapped             = map_to_tree(inputs);
+    const XmlDocument by_hand       = map_by_hand(inputs);
+    const XmlDocument by_stylesheet = map_by_stylesheet(inputs);
+    const auto roots                = ozk::children(mapped.tree.top());
+    if (roots.size() != 1 || ozk::children(roots.front()).empty())
         stop("the library has made no tree");
-    if (!by_hand || !same(mapped.tree.front(), xmlDocGetRootElement(by_hand.get())))
+    if (!by_hand || !same(roots.front(), xmlDocGetRootElement(by_hand.get())))
         stop("the walk by hand gives another result than the library");
     const xmlNode* outermost = by_stylesheet ? xmlDocGetRootElement(by_stylesheet.get()) : nullptr;
     if (outermost == nullptr || outermost->children == nullptr ||
-        !same(mapped.tree.front(), outermost->children))
+        !same(roots.front(), outermost->children))
         stop("the stylesheet gives another result than the library");
 }
 
@@ -172,7 +148,6 @@ void check_results(const Inputs& inputs)
 template <class Map>
 void mapping_step(benchmark::State& state, const Inputs& inputs, Map map)
 {
-    const uint32_t interfaces = inputs.tree.root().subtrees[0].subtree_count;
     for (auto _ : state) {
         auto result = map(inputs);
         benchmark::DoNotOptimize(result);
@@ -180,7 +155,7 @@ void mapping_step(benchmark::State& state, const Inputs& inputs, Map map)
         result = {};
         state.ResumeTiming();
     }
-    state.counters["nodes"] = static_cast<double>(bench::operational_nodes(interfaces));
+    state.counters["nodes"] = static_cast<double>(bench::operational_nodes(inputs.interfaces()));
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -1,4 +1,7 @@
 // Walks of every root over trees of all sizes, edits, threads, and the log point.
+// usage: walks_bench [benchmark options]
+//        walks_bench --once    walk each root once with each state of the logs; callgrind writes a
+//                              profile of each walk
 
 #include <malloc.h>
 
@@ -12,11 +15,13 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
+#include <valgrind/callgrind.h>
 
 #include "reference_tree.h"
 #include "run.h"
@@ -26,7 +31,7 @@ namespace {
 /// Interfaces that are walked between two looks at the clock, so that the clock costs nothing.
 constexpr uint32_t batch = 1000;
 
-enum class Logs { off, error_level, trace };
+enum class Logs { off, error_level, trace_level, trace };
 /// Whether the paths that a walk adds go to memory that the process has used before, or to pages
 /// that the kernel has to hand out first.
 enum class Memory { kept, fresh };
@@ -35,7 +40,7 @@ struct Subject {
     const char* name;
     uint32_t op_code;
     OzkMapFunction* root_walker;
-    ozk::InputTree (*make_tree)(uint32_t interfaces);
+    ozk::Tree (*make_tree)(uint32_t interfaces);
 };
 
 using ozk::Edit;
@@ -51,7 +56,7 @@ const Subject subjects[]  = {
       ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations,
       bench::native_configuration_tree},
      {"ietf_state/get", MAP_OP_GET, ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate,
-      bench::state_read},
+      [](uint32_t n) { return bench::state_read(n); }},
      {"ietf_configuration/get", MAP_OP_GET_CONFIG, ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces,
       bench::configuration_read},
      {"ietf_configuration/create", MAP_OP_EDIT, ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces,
@@ -67,17 +72,18 @@ const Subject global = {"native_global/get", MAP_OP_GET_CONFIG,
 /// Trees are kept: a bench is entered many times.
 const OzkMapNode& tree_of(const Subject& subject, uint32_t interfaces)
 {
-    static std::map<std::pair<std::string, uint32_t>, ozk::InputTree> trees;
+    static std::map<std::pair<std::string, uint32_t>, ozk::Tree> trees;
     auto found = trees.find({subject.name, interfaces});
     if (found == trees.end())
         found =
             trees.emplace(std::pair(subject.name, interfaces), subject.make_tree(interfaces)).first;
-    return found->second.root();
+    return bench::root_of(found->second);
 }
 
 void set_logs(ozk::Run& run, Logs logs)
 {
     run.set_level(MAP_LOG_ERROR, logs == Logs::error_level);
+    run.set_level(MAP_LOG_TRACE, logs == Logs::trace_level);
     run.set_trace(logs == Logs::trace);
 }
 
@@ -98,17 +104,20 @@ void walks(benchmark::State& state, const Subject& subject, uint32_t interfaces,
 {
     const OzkMapNode& tree = tree_of(subject, interfaces);
     const uint32_t times   = interfaces < batch ? batch / interfaces : 1;
+    const auto walk_in_run = [&](auto before, auto after) {
+        ozk::Run run(subject.op_code);
+        set_logs(run, logs);
+        before();
+        walk(run, subject, tree, times);
+        after();
+    };
+    if (memory == Memory::kept)
+        walk_in_run([] {}, [] {});
     for (auto _ : state) {
         state.PauseTiming();
         if (memory == Memory::fresh)
             malloc_trim(0);
-        {
-            ozk::Run run(subject.op_code);
-            set_logs(run, logs);
-            state.ResumeTiming();
-            walk(run, subject, tree, times);
-            state.PauseTiming();
-        }
+        walk_in_run([&] { state.ResumeTiming(); }, [&] { state.PauseTiming(); });
         state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * times * interfaces);
@@ -150,14 +159,14 @@ void threads(benchmark::State& state, uint32_t count)
 
 void log_points(benchmark::State& state, Logs logs)
 {
-    static constexpr ymap::LogText text = YMAP_ERROR_TEXT("Invalid arguments passed!");
+    static constexpr ymap::LogText<> text{MAP_LOG_ERROR, "Invalid arguments passed!"};
     static ymap::SiteWord site_word;
     ozk::Run run(MAP_OP_GET);
     set_logs(run, logs);
     const ymap::Place place{__func__, __LINE__};
     run.call([&] {
         for (auto _ : state)
-            ymap::log_point(run.ctx(), text, place, site_word);
+            ymap::log_point<text>(run.ctx(), place, site_word);
     });
 }
 
@@ -171,35 +180,56 @@ benchmark::internal::Benchmark* add(const std::string& name,
 void add_walk(const Subject& subject, uint32_t interfaces, Logs logs, const char* variant,
               Memory memory = Memory::kept)
 {
-    auto* bench = add(
+    add(
         std::string("walk/") + subject.name + "/" + variant + "/" + std::to_string(interfaces),
         [&subject, interfaces, logs, memory](benchmark::State& state) {
             walks(state, subject, interfaces, logs, memory);
         },
         benchmark::kMicrosecond);
-    if (logs == Logs::trace && interfaces >= 10000)
-        bench->Repetitions(1); // the lines of the trace take seconds
 }
 
-constexpr std::pair<Logs, const char*> log_states[] = {
-    {Logs::off, "off"}, {Logs::error_level, "error_level"}, {Logs::trace, "trace"}};
+constexpr std::pair<Logs, const char*> log_states[] = {{Logs::off, "off"},
+                                                       {Logs::error_level, "error_level"},
+                                                       {Logs::trace_level, "trace_level"},
+                                                       {Logs::trace, "trace"}};
+
+void walk_once()
+{
+    for (const Subject& subject : subjects)
+        for (const auto& [logs, logs_name] : log_states) {
+            const std::string name = std::string(subject.name) + "/" + logs_name;
+            const OzkMapNode& tree = tree_of(subject, batch);
+            ozk::Run run(subject.op_code);
+            set_logs(run, logs);
+            CALLGRIND_ZERO_STATS;
+            walk(run, subject, tree, 1);
+            CALLGRIND_DUMP_STATS_AT(name.c_str());
+        }
+}
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    if (argc == 2 && std::string_view(argv[1]) == "--once") {
+        walk_once();
+        return 0;
+    }
     bench::keep_memory();
-    for (const auto& [logs, logs_name] : log_states) {
-        for (const Subject& subject : subjects)
-            for (const uint32_t interfaces : {1U, 10U, 100U, 1000U, 10000U, 100000U})
-                add_walk(subject, interfaces, logs, logs_name);
-        add_walk(global, 1, logs, logs_name);
-        add(
-            std::string("log_point/") + logs_name,
-            [logs = logs](benchmark::State& state) { log_points(state, logs); },
-            benchmark::kNanosecond);
+    for (const Subject& subject : subjects) {
+        for (const auto& [logs, name] : log_states)
+            add_walk(subject, batch, logs, name);
+        for (const uint32_t interfaces : {1U, 10U, 100U, 10000U, 100000U})
+            add_walk(subject, interfaces, Logs::off, "off");
     }
     add_walk(operational, 100000, Logs::off, "fresh_memory", Memory::fresh);
+    add_walk(global, 1, Logs::off, "off");
+    for (const auto& [logs, name] : log_states)
+        if (logs != Logs::trace_level) // the text is an error
+            add(
+                std::string("log_point/") + name,
+                [logs = logs](benchmark::State& state) { log_points(state, logs); },
+                benchmark::kNanosecond);
     for (const uint32_t count : {1U, 2U})
         add(
             "threads/" + std::to_string(count),
