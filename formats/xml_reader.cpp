@@ -274,7 +274,9 @@ void XmlReader::read()
     if (parser_ != nullptr) {
         const std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)> owner(parser_,
                                                                                  xmlFreeParserCtxt);
-        xmlCtxtUseOptions(parser_, XML_PARSE_NONET);
+        // Without NOENT the value of an attribute would come with "&#38;" for an ampersand. Only
+        // the five entities of XML itself are ever known.
+        xmlCtxtUseOptions(parser_, XML_PARSE_NONET | XML_PARSE_NOENT);
         if (xmlParseDocument(parser_) != 0 && !failed())
             fail("malformed XML");
     }
