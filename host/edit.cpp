@@ -11,6 +11,7 @@
 
 #include "commands.h"
 #include "documents.h"
+#include "native_file.h"
 #include "options.h"
 #include "output.h"
 #include "reply.h"
@@ -29,24 +30,6 @@ struct EditVerbOptions {
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
-
-/// Prints a document as it came: what stood around its roots stands there again.
-void print_document(const OzkMapNode& top)
-{
-    formats::Output out(print);
-    const auto roots      = ozk::children(top);
-    const bool is_wrapped = top.tag != nullptr || roots.size() != 1;
-    const char* ns_uri    = nullptr;
-    if (is_wrapped) {
-        ns_uri = data::NS_NETCONF;
-        out << fmt::format("<{} xmlns=\"{}\">\n", top.tag != nullptr ? top.tag : "data", ns_uri);
-    }
-    for (const OzkMapNode& root : roots)
-        write_xml(out, root, ns_uri, formats::Layout::lines, is_wrapped ? 2 : 0);
-    if (is_wrapped)
-        out << fmt::format("</{}>\n", top.tag != nullptr ? top.tag : "data");
-    out.flush();
-}
 
 int edit(const EditVerbOptions& options)
 {
@@ -73,7 +56,8 @@ int edit(const EditVerbOptions& options)
     } else if (!is_refused && request.test_only) {
         fmt::print(stderr, "{}: the edit would be carried out; test-only: no document\n", name);
     } else if (!is_refused && !is_broken) {
-        print_document(*native.top);
+        formats::Output out(print);
+        netconf::write_native(out, *native.top);
     }
     return is_refused || is_broken ? exit_walk_error : exit_mapped;
 }
