@@ -108,7 +108,7 @@ FrameReader::Event FrameReader::next_chunked()
 FrameReader::Event FrameReader::read_head()
 {
     const std::string_view bytes = waiting();
-    if (END_OF_CHUNKS.starts_with(bytes))
+    if (bytes.size() < END_OF_CHUNKS.size() && END_OF_CHUNKS.starts_with(bytes))
         return Event::more;
     if (bytes.starts_with(END_OF_CHUNKS)) {
         if (!has_chunks_)
