@@ -34,7 +34,7 @@ data::Document read_data(const std::string& path, uint32_t depth_limit)
     };
     const formats::ReadOptions options{.depth_limit = depth_limit};
     const size_t begin = first.find_first_not_of(" \t\r\n");
-    return begin != first.npos && first[begin] == '{'
+    return begin != first.npos && (first[begin] == '{' || first[begin] == '[')
                ? formats::read_json(name, source, options, agent::namespace_of)
                : formats::read_xml(name, source, options);
 }
