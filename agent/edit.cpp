@@ -28,52 +28,56 @@ public:
         : request_(request), native_(native), library_(library), options_(options), hooks_(hooks),
           paths_(*request.content, list_keys()), run_(request.op_code)
     {
-        edit_.top().edit = static_cast<uint8_t>(request.default_operation);
     }
 
     Edited edit()
     {
         try {
             carry_out();
-        } catch (const Refused&) {
-            // with all that it is refused for
+        } catch (Refused& refused) {
+            std::ranges::stable_sort(refused.errors, {}, &Error::line);
+            edited_.errors = std::move(refused.errors);
         } catch (const RequestError& error) {
             edited_.errors = {error.error};
         } catch (const data::EditError& error) {
             edited_.errors = {error_of(error)};
         }
+        if (!edited_.errors.empty())
+            edited_.notes.clear();
         edited_.faults.assign(run_.faults().begin(), run_.faults().end());
         return std::move(edited_);
     }
 
 private:
-    struct Refused {};
+    struct Refused {
+        std::vector<Error> errors;
+    };
 
     void carry_out()
     {
         refuse_lossy_document();
-        refuse_or_note(examine_edit(request_, library_, true));
+        auto [faults, losses] = examine_edit(request_, library_, true);
+        if (!options_.drops_unmapped)
+            faults.insert(faults.end(), losses.begin(), losses.end());
+        if (!faults.empty())
+            throw Refused{std::move(faults)};
+        for (Note& note : losses)
+            note.message += ", dropped";
+        edited_.notes = std::move(losses);
         if (hooks_.before_pass)
             hooks_.before_pass(run_, "edit");
         std::vector<Walk>& walks = edited_.walks;
-        for (OzkMapNode& root : children(const_cast<OzkMapNode&>(*request_.content))) {
-            const ModelRoot& known = *find_root(root);
-            if (!known.is_clients) {
-                OzkMapNode& copy = edit_.append(edit_.top());
-                copy             = root;
-                copy.origin      = &root;
-            } else if (!(reaches_unnamed_entries(root) && ozk::deletes(ozk::edit_of(root)))) {
-                walks.push_back(
-                    walk(run_, library_, known, root, &request_.document.tree, request_.content));
-                if (walks.back().status != MAP_OK)
-                    break;
-            }
-        }
+        for (OzkMapNode& root : children(const_cast<OzkMapNode&>(*request_.content)))
+            if (find_root(root)->is_clients &&
+                !(reaches_unnamed_entries(root) && ozk::deletes(ozk::edit_of(root))))
+                walks.push_back(walk(run_, library_, *find_root(root), root,
+                                     &request_.document.tree, request_.content));
         if (hooks_.after_pass)
             hooks_.after_pass(run_);
-        if (!walks.empty() && walks.back().status != MAP_OK)
-            throw RequestError(agent::error_of(walks.back()));
-        take_mapped();
+        for (const Walk& walk : walks)
+            if (walk.status != MAP_OK)
+                throw RequestError(agent::error_of(walk));
+        edit_ = native_edit(request_, library_, walks, run_.added());
         for (const OzkMapNode& root : request_.roots())
             if (find_root(root)->is_clients && reaches_unnamed_entries(root))
                 add_visible_entries(root);
@@ -101,35 +105,9 @@ private:
         }
     }
 
-    void refuse_or_note(std::vector<Note> notes)
-    {
-        if (notes.empty())
-            return;
-        auto& taken = options_.drops_unmapped ? edited_.notes : edited_.errors;
-        taken.insert(taken.end(), notes.begin(), notes.end());
-        if (!options_.drops_unmapped)
-            throw Refused();
-    }
-
-    /// Takes what the map has made of the clients' roots into the edit.
-    void take_mapped()
-    {
-        for (const OzkMapNode& root : request_.roots())
-            if (find_root(root)->is_clients && !ozk::deletes(ozk::edit_of(root)))
-                refuse_or_note(find_lost(request_, root, run_.added()));
-        mapped_ = ozk::tree_of(run_.added(), request_.default_operation);
-        for (const OzkMapNode& root : children(mapped_.top())) {
-            if (ozk::find_child(edit_.top(), root.tag, root.ns_uri) != nullptr)
-                throw RequestError(
-                    {"bad-element", fmt::format("/{} is edited by this root and by one of the "
-                                                "clients' model",
-                                                root.tag)});
-            edit_.append(edit_.top()) = root;
-        }
-    }
-
     /// An operation on a root of the clients' model: a delete deletes all entries that clients see,
-    /// a replace those that the edit doesn't name. Which they are, a read of the root tells.
+    /// a replace those that the edit doesn't name, a create wants that there is none. Which they
+    /// are, a read of the root tells.
     void add_visible_entries(const OzkMapNode& root)
     {
         ozk::Tree everything;
@@ -140,6 +118,9 @@ private:
         ozk::Tree parts;
         const OzkMapNode visible =
             data::Filter(filter.top()).select(*native_.top, native_.document->indexes, parts);
+        if (ozk::edit_of(root) == Edit::create && !children(visible).empty())
+            throw RequestError(
+                error_at("data-exists", "it exists already", *request_.content, root));
         bool is_there = false;
         for (const OzkMapNode& native_root : children(visible)) {
             OzkMapNode* edited = ozk::find_child(edit_.top(), native_root.tag, native_root.ns_uri);
@@ -152,11 +133,9 @@ private:
             edited->edit_is_own = 1;
             is_there |= add_entries(native_root, *edited, root);
         }
-        if (ozk::edit_of(root) == Edit::erase && !is_there) {
-            Error error =
-                error_at("data-missing", "there is nothing to delete", *request_.content, root);
-            throw RequestError(error);
-        }
+        if (ozk::edit_of(root) == Edit::erase && !is_there)
+            throw RequestError(
+                error_at("data-missing", "there is nothing to delete", *request_.content, root));
     }
 
     /// Adds a removal to `edited` for each entry of `visible` that it doesn't name.
@@ -166,11 +145,11 @@ private:
         std::unordered_set<std::string> named;
         for (const OzkMapNode& entry : children(edited))
             if (const auto* keys = data::keys_of(list_keys(), entry.ns_uri, path + entry.tag))
-                named.insert(instance_step(entry, {}, keys));
+                named.insert(instance_step(entry, keys));
         bool has_entries = false;
         for (const OzkMapNode& entry : children(visible)) {
             const auto* keys = data::keys_of(list_keys(), entry.ns_uri, path + entry.tag);
-            if (keys == nullptr || named.contains(instance_step(entry, {}, keys)))
+            if (keys == nullptr || named.contains(instance_step(entry, keys)))
                 continue;
             has_entries       = true;
             OzkMapNode& added = edit_.append(edited, entry.tag, entry.ns_uri);
@@ -236,7 +215,6 @@ private:
     const Hooks& hooks_;
     data::InstancePaths paths_;
     ozk::Run run_;
-    ozk::Tree mapped_;
     ozk::Tree edit_; ///< the native edit
     Edited edited_;
 };

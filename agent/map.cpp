@@ -23,29 +23,80 @@ void require_walker(const MapLibrary& library, const ModelRoot& root, const OzkM
     throw RequestError(error);
 }
 
-/// The notes on what a request holds and the map doesn't carry out. What is wrong whatever the map
-/// knows, it tells itself.
+/// The notes on what a request holds and the map doesn't carry out.
 std::vector<Note> notes_on(Request& request, const MapLibrary& library)
 {
-    try {
-        return request.is_edit() ? examine_edit(request, library, false)
-                                 : plan_read(request, library).notes;
-    } catch (const RequestError& error) {
-        return {error.error};
-    }
+    if (!request.is_edit())
+        return plan_read(request, library).notes;
+    auto [notes, losses] = examine_edit(request, library, false);
+    notes.insert(notes.end(), losses.begin(), losses.end());
+    std::ranges::stable_sort(notes, {}, &Note::line);
+    return std::move(notes);
+}
+
+/// Adds what of the native roots that the clients' `root` maps to isn't in `edit` yet.
+void add_mapped_roots(ozk::Tree& edit, const MapLibrary& library, const OzkMapNode& root)
+{
+    for (const data::ExploredNode& node : library.schema(*find_root(root)).explored())
+        for (const data::MappedPath& path : node.on(data::Query::edit).paths)
+            for (const ModelRoot& native : model_roots())
+                if (path.ns_uri == native.ns_uri &&
+                    path.path.starts_with(fmt::format("/{}/", native.name)) &&
+                    ozk::find_child(edit.top(), native.name, native.ns_uri) == nullptr)
+                    edit.append(edit.top(), native.name, native.ns_uri);
 }
 
 } // namespace
 
+ozk::Tree native_edit(const Request& request, const MapLibrary& library,
+                      std::span<const Walk> walks, std::span<const ozk::AddedPath> added)
+{
+    ozk::Tree edit;
+    edit.top().edit = static_cast<uint8_t>(request.default_operation);
+    for (const Walk& walk : walks) {
+        if (!walk.root->is_clients)
+            continue;
+        const auto root = std::ranges::find(request.roots(), walk.root,
+                                            [](const auto& each) { return find_root(each); });
+        const ozk::Edit operation =
+            reaches_unnamed_entries(*root) ? ozk::Edit::merge : ozk::edit_of(*root);
+        edit = ozk::tree_of(added.subspan(walk.added_before, walk.added_after - walk.added_before),
+                            operation);
+        // A configuration that replaces and names no entry replaces by nothing.
+        if (operation == ozk::Edit::replace)
+            add_mapped_roots(edit, library, *root);
+        for (OzkMapNode& made : children(edit.top())) {
+            made.origin      = &*root;
+            made.edit_is_own = operation != request.default_operation;
+        }
+        edit.top().edit = static_cast<uint8_t>(request.default_operation);
+    }
+    for (const OzkMapNode& root : request.roots()) {
+        const ModelRoot* known = find_root(root);
+        if (known == nullptr || known->is_clients || known->is_state)
+            continue;
+        if (ozk::find_child(edit.top(), root.tag, root.ns_uri) != nullptr)
+            throw RequestError(error_at("bad-element",
+                                        fmt::format("'{}' is edited by this root and by one of the "
+                                                    "clients' model",
+                                                    root.tag),
+                                        *request.content, root));
+        OzkMapNode& copy = edit.append(edit.top());
+        copy             = root;
+        copy.origin      = &root;
+    }
+    return edit;
+}
+
 bool reaches_unnamed_entries(const OzkMapNode& root)
 {
     const ozk::Edit edit = ozk::edit_of(root);
-    return root.edit_is_own != 0 && (ozk::deletes(edit) || edit == ozk::Edit::replace);
+    return root.edit_is_own != 0 && edit != ozk::Edit::merge;
 }
 
 Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks)
 {
-    Mapping mapping{std::make_unique<ozk::Run>(request.op_code), {}, {}};
+    Mapping mapping{std::make_unique<ozk::Run>(request.op_code), {}, {}, {}};
     ozk::Tree& tree = request.document.tree;
     OzkMapNode all{}; // the roots of a read without a filter
     if (request.reads_all)
@@ -75,6 +126,12 @@ Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks)
     }
     if (hooks.after_pass)
         hooks.after_pass(*mapping.run);
+    if (request.is_edit() && !mapping.ended())
+        try {
+            mapping.tree = native_edit(request, library, mapping.walks, mapping.run->added());
+        } catch (const RequestError& error) {
+            mapping.notes.push_back(error.error);
+        }
     return mapping;
 }
 

@@ -4,6 +4,7 @@
 #define YMAP_AGENT_MAP_H
 
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "plan.h"
@@ -16,6 +17,7 @@ struct Mapping {
     std::unique_ptr<ozk::Run> run;
     std::vector<Walk> walks; ///< up to the first with a status
     std::vector<Note> notes; ///< what of the request isn't carried out
+    ozk::Tree tree;          ///< of an edit that no walk has ended: the native edit
 
     bool ended() const { return !walks.empty() && walks.back().status != MAP_OK; }
 };
@@ -26,7 +28,13 @@ struct Mapping {
 /// all.
 Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks = {});
 
-/// Whether an operation stands on a root of the clients' model that reaches entries which the edit
+/// The native edit that an edit comes to: what its walks have made of the root of the clients'
+/// model, `added`, and its native roots as they stand. Each root has the operation of the root that
+/// it comes of. The tree refers to the request. Throws RequestError if a native root is both.
+ozk::Tree native_edit(const Request& request, const MapLibrary& library,
+                      std::span<const Walk> walks, std::span<const ozk::AddedPath> added);
+
+/// Whether an operation stands on a root of the clients' model that is about entries which the edit
 /// doesn't name: what it does depends on the router's data, and no path can say it.
 bool reaches_unnamed_entries(const OzkMapNode& root);
 

@@ -24,9 +24,10 @@ using ozk::Edit;
 using ozk::edit_of;
 using ozk::text;
 
-const ListKeys* keys_of(const Schema::Node& schema, const OzkMapNode& node)
+/// The keys of a list of the model of `root`; null for any other node.
+const ListKeys* keys_of(const ModelRoot& root, const Schema::Node& schema)
 {
-    return data::keys_of(list_keys(), node.ns_uri, schema.facts->path);
+    return data::keys_of(list_keys(), root.ns_uri, schema.facts->path);
 }
 
 /// Whether `tag` is one of the keys.
@@ -56,10 +57,6 @@ public:
         note.bad_element = text(node.tag);
         return note;
     }
-    [[noreturn]] void fail(const char* tag, std::string_view what, const OzkMapNode& node)
-    {
-        throw RequestError(make(tag, what, node));
-    }
     void unknown(const OzkMapNode& node, bool own_namespace)
     {
         if (own_namespace)
@@ -86,13 +83,66 @@ private:
     std::vector<Note> notes_;
 };
 
+/// Finds out what becomes of a node whose tag the schema doesn't have, below one that hands such
+/// nodes to a function written by hand, by walking just that node.
+class HookProbe {
+public:
+    HookProbe(const MapLibrary& library, uint32_t op_code) : library_(library), op_code_(op_code) {}
+
+    /// Whether paths are added for `child` of a node that `parent` of the schema of `root` stands
+    /// for; with `counts_siblings`, a call of a sibling library is enough.
+    bool is_taken(const ModelRoot& root, const Schema::Node& parent, const OzkMapNode& child,
+                  bool counts_siblings = false)
+    {
+        if (!parent.facts->hook_by_hand)
+            return false;
+        if (&parent != parent_ || counts_siblings != counts_siblings_) {
+            parent_          = &parent;
+            counts_siblings_ = counts_siblings;
+            alone_           = count(root, nullptr);
+        }
+        return count(root, &child) > alone_;
+    }
+
+private:
+    size_t count(const ModelRoot& root, const OzkMapNode* child) const
+    {
+        ozk::Tree tree;
+        OzkMapNode* node = &tree.top();
+        node->edit       = static_cast<uint8_t>(Edit::merge);
+        const std::string_view path(parent_->facts->path);
+        for (size_t end = 0; end != path.npos;) {
+            const size_t begin = end + 1;
+            end                = path.find('/', begin);
+            node = &tree.append(*node, tree.keep(path.substr(begin, end - begin)), root.ns_uri);
+            if (const auto* keys = data::keys_of(list_keys(), root.ns_uri, path.substr(0, end)))
+                for (const char* leaf : keys->leaves)
+                    ozk::Tree::set_value(tree.append(*node, leaf, root.ns_uri), "key");
+        }
+        if (child != nullptr)
+            tree.append(*node) = *child;
+        ozk::Run run(op_code_);
+        size_t calls = 0;
+        if (counts_siblings_)
+            run.on_sibling([&](const char*, const OzkMapNode*) { ++calls; });
+        run.walk(library_.root_walker(root), tree.top().subtrees);
+        return run.added().size() + calls;
+    }
+
+    const MapLibrary& library_;
+    uint32_t op_code_;
+    const Schema::Node* parent_ = nullptr; ///< the one asked for last
+    bool counts_siblings_       = false;
+    size_t alone_               = 0; ///< what becomes of that one without such a child
+};
+
 // ---------------------------------------------------------------------------------------------
 // Reads
 
 class ReadPlanner {
 public:
     ReadPlanner(const Request& request, const MapLibrary& library)
-        : request_(request), library_(library),
+        : request_(request), library_(library), probe_(library, request.op_code),
           notes_(request.content != nullptr ? *request.content : request.document.tree.top())
     {
     }
@@ -141,7 +191,8 @@ private:
     void plan_root(const ModelRoot& root, const OzkMapNode& node)
     {
         if (!root.is_clients) {
-            add(plan_.filter, plan_.filter.top(), node);
+            const OzkMapNode filter = plan_native(root, node, fmt::format("/{}", root.name));
+            add(plan_.filter, plan_.filter.top(), filter);
             return;
         }
         if (node.value != nullptr) {
@@ -151,12 +202,32 @@ private:
         // Asked for only if something below it is: a root without children selects all.
         const Schema::Node& schema = library_.schema(root).root();
         schema_                    = &library_.schema(root);
-        ns_uri_                    = root.ns_uri;
+        root_                      = &root;
         OzkMapNode filter = bare(node), asked = bare(node);
         if (plan_children(schema, node, filter, &asked)) {
             plan_.filter.append(plan_.filter.top()) = filter;
             append_once(plan_.map_request.top(), asked);
         }
+    }
+
+    /// The filter of a node of a native model, which is read as it stands.
+    OzkMapNode plan_native(const ModelRoot& root, const OzkMapNode& node, const std::string& path)
+    {
+        if ((node.marks & ozk::MARK_MATCHES_NONE) != 0)
+            matches_none(node);
+        else if (!text(node.ns_uri).empty() && find_module(node.ns_uri) == nullptr)
+            notes_.unknown(node, false);
+        if (children(node).empty())
+            return node;
+        OzkMapNode filter = bare(node);
+        for (const OzkMapNode& child : children(node)) {
+            const OzkMapNode planned =
+                plan_native(root, child, fmt::format("{}/{}", path, child.tag));
+            add(plan_.filter, filter, planned);
+        }
+        if (const ListKeys* keys = data::keys_of(list_keys(), root.ns_uri, path))
+            complete(plan_.filter, filter, *keys);
+        return filter;
     }
 
     /// A root of a request that comes twice is asked for once.
@@ -220,13 +291,14 @@ private:
             return false;
         }
         const Schema::Node* schema = schema_->child(parent, child.tag);
-        if (schema == nullptr) {
-            const bool is_own = ozk::same_text(child.ns_uri, ns_uri_);
-            if (is_own || !parent.facts->hook_by_hand) {
+        const bool is_own = text(child.ns_uri).empty() || text(child.ns_uri) == root_->ns_uri;
+        if (schema == nullptr || !is_own) {
+            // The map looks at tags alone, the filter that trims its answer at namespaces as well.
+            if (schema != nullptr || !probe_.is_taken(*root_, parent, child)) {
                 notes_.unknown(child, is_own);
                 return false;
             }
-            if (asked != nullptr) // the hook may know it
+            if (asked != nullptr)
                 add(plan_.map_request, *asked, child);
             add(plan_.filter, filter, child);
             return true;
@@ -234,7 +306,7 @@ private:
         if (schema->facts->kind == NodeKind::leaf)
             return plan_leaf(*schema, child, filter, asked);
 
-        const ListKeys* keys = keys_of(*schema, child);
+        const ListKeys* keys = keys_of(*root_, *schema);
         OzkMapNode own = bare(child), below = bare(child);
         if (child.value != nullptr) {
             notes_.add("bad-element", "holds no value, and selects nothing", child);
@@ -244,13 +316,13 @@ private:
         if (!plan_children(*schema, child, own, is_whole ? nullptr : &below))
             return false;
         if (!children(child).empty() && keys != nullptr) {
-            complete(plan_.filter, own, *keys, children(child));
+            complete(plan_.filter, own, *keys);
             if (is_whole)
                 below = whole_entry(child, *keys);
             else if (matches_beside_key(child, *keys))
                 below = matched_entry(child, *keys);
             else
-                complete(plan_.map_request, below, *keys, children(child));
+                complete(plan_.map_request, below, *keys);
         }
         add(plan_.filter, filter, own);
         if (asked != nullptr && is_new(*asked, below, is_whole))
@@ -285,12 +357,12 @@ private:
     }
 
     /// Adds the keys that an entry doesn't name, for their values.
-    static void complete(ozk::Tree& tree, OzkMapNode& entry, const ListKeys& keys,
-                         std::span<const OzkMapNode> named)
+    static void complete(ozk::Tree& tree, OzkMapNode& entry, const ListKeys& keys)
     {
         for (const char* leaf : keys.leaves)
-            if (std::ranges::none_of(
-                    named, [&](const OzkMapNode& each) { return text(each.tag) == leaf; }))
+            if (std::ranges::none_of(children(entry), [&](const OzkMapNode& each) {
+                    return text(each.tag) == leaf && (each.marks & ozk::MARK_MATCHES_NONE) == 0;
+                }))
                 tree.append(entry, leaf, entry.ns_uri).marks |= ozk::MARK_COMPLETES;
     }
 
@@ -343,10 +415,11 @@ private:
 
     const Request& request_;
     const MapLibrary& library_;
+    HookProbe probe_;
     Notes notes_;
     ReadPlan plan_;
-    const Schema* schema_ = nullptr;
-    const char* ns_uri_   = nullptr;            ///< of the model that is read
+    const Schema* schema_  = nullptr;
+    const ModelRoot* root_ = nullptr;           ///< the one that is read
     std::unordered_set<std::string> asked_for_; ///< entries that are read whole
 };
 
@@ -362,31 +435,35 @@ bool goes_with_entry(const OzkMapNode& node)
 class EditExaminer {
 public:
     EditExaminer(Request& request, const MapLibrary& library, bool cut)
-        : request_(request), library_(library), cut_(cut), notes_(*request.content)
+        : request_(request), library_(library), cut_(cut), probe_(library, MAP_OP_EDIT),
+          faults_(*request.content), losses_(*request.content)
     {
     }
 
-    std::vector<Note> examine()
+    Examination examine()
     {
+        std::unordered_set<const ModelRoot*> seen;
         for (OzkMapNode& root : children(content())) {
             const ModelRoot* known = find_root(root);
             if (known == nullptr) {
-                notes_.unknown_root(root);
+                losses_.unknown_root(root);
                 root.marks |= ozk::MARK_DROPPED;
             } else if (known->is_state) {
-                notes_.fail("operation-not-supported", "is state, which can't be edited", root);
+                faults_.add("operation-not-supported", "is state, which can't be edited", root);
             } else if (known->is_clients && library_.root_walker(*known) == nullptr) {
-                notes_.fail("operation-not-supported", "has no walker in the map library", root);
+                faults_.add("operation-not-supported", "has no walker in the map library", root);
+            } else if (!seen.insert(known).second) {
+                faults_.add("bad-element", "is given twice", root);
             } else if (known->is_clients) {
                 schema_ = &library_.schema(*known);
-                ns_uri_ = known->ns_uri;
+                root_   = known;
                 if (root.value != nullptr)
-                    notes_.fail("bad-element", "holds no value", root);
+                    faults_.add("bad-element", "holds no value", root);
                 examine_children(schema_->root(), root);
             }
         }
         take_out(content());
-        return notes_.take();
+        return {faults_.take(), losses_.take()};
     }
 
 private:
@@ -395,42 +472,46 @@ private:
 
     void examine_children(const Schema::Node& schema, OzkMapNode& node)
     {
-        for (OzkMapNode& child : children(node))
-            examine_child(schema, node, child);
+        std::unordered_set<const Schema::Node*> seen; // those that can't come twice
+        for (OzkMapNode& child : children(node)) {
+            const Schema::Node* known = schema_->child(schema, child.tag);
+            if (known == nullptr)
+                examine_foreign(schema, child);
+            else if (known->facts->kind != NodeKind::list && !seen.insert(known).second)
+                faults_.add("bad-element", "is given twice", child);
+            else
+                examine_known(*known, child);
+        }
         take_out(node);
     }
 
-    void examine_child(const Schema::Node& parent, const OzkMapNode& node, OzkMapNode& child)
+    void examine_foreign(const Schema::Node& parent, OzkMapNode& child)
     {
-        const Schema::Node* schema = schema_->child(parent, child.tag);
-        if (schema == nullptr) {
-            const bool is_own = ozk::same_text(child.ns_uri, ns_uri_);
-            if (is_own || !parent.facts->hook_by_hand) {
+        const bool is_own = ozk::same_text(child.ns_uri, root_->ns_uri);
+        if (!is_own && probe_.is_taken(*root_, parent, child))
+            return;
+        child.marks |= ozk::MARK_DROPPED;
+        if (!goes_with_entry(child))
+            losses_.unknown(child, is_own);
+    }
+
+    void examine_known(const Schema::Node& schema, OzkMapNode& child)
+    {
+        if (schema.facts->kind == NodeKind::leaf) {
+            if (!children(child).empty())
+                faults_.add("unknown-element", "stands in a leaf", children(child).front());
+            else if (schema.facts->on(Query::edit).status == MAP_NOT_MAPPED) {
                 child.marks |= ozk::MARK_DROPPED;
-                if (!goes_with_entry(child))
-                    notes_.unknown(child, is_own);
+                if (!goes_away(child))
+                    losses_.unmapped(child);
             }
             return;
         }
-        const bool is_leaf = schema->facts->kind == NodeKind::leaf;
-        if (schema->facts->kind != NodeKind::list)
-            for (const OzkMapNode& other : children(node))
-                if (&other < &child && text(other.tag) == text(child.tag))
-                    notes_.fail("bad-element", "is given twice", child);
-        if (is_leaf && !children(child).empty())
-            notes_.fail("unknown-element", "stands in a leaf", children(child).front());
-        if (is_leaf && schema->facts->on(Query::edit).status == MAP_NOT_MAPPED) {
-            child.marks |= ozk::MARK_DROPPED;
-            if (!goes_away(child))
-                notes_.unmapped(child);
-        }
-        if (is_leaf)
-            return;
         if (child.value != nullptr)
-            notes_.fail("bad-element", "holds no value", child);
-        if (const ListKeys* keys = keys_of(*schema, child))
+            faults_.add("bad-element", "holds no value", child);
+        if (const ListKeys* keys = keys_of(*root_, schema))
             require_keys(child, *keys);
-        examine_children(*schema, child);
+        examine_children(schema, child);
     }
 
     /// Whether nothing is lost with a known leaf that isn't mapped: it is no part of what the data
@@ -445,12 +526,9 @@ private:
     {
         for (const char* leaf : keys.leaves) {
             const OzkMapNode* key = ozk::find_child(entry, leaf, entry.ns_uri);
-            if (key != nullptr && key->value != nullptr)
-                continue;
-            Error error =
-                notes_.make("missing-element", fmt::format("has no key '{}'", leaf), entry);
-            error.bad_element = leaf;
-            throw RequestError(error);
+            if (key == nullptr || key->value == nullptr)
+                faults_.add("missing-element", fmt::format("has no key '{}'", leaf), entry)
+                    .bad_element = leaf;
         }
     }
 
@@ -468,36 +546,62 @@ private:
     Request& request_;
     const MapLibrary& library_;
     const bool cut_;
-    Notes notes_;
-    const Schema* schema_ = nullptr;
-    const char* ns_uri_   = nullptr; ///< of the model that is edited
+    HookProbe probe_;
+    Notes faults_, losses_;
+    const Schema* schema_  = nullptr;
+    const ModelRoot* root_ = nullptr; ///< the one that is edited
 };
 
-using Nodes = std::unordered_set<const OzkMapNode*>;
+// ---------------------------------------------------------------------------------------------
+// Native data
 
-bool is_referred_to(const OzkMapNode& node, const Nodes& referred)
-{
-    return referred.contains(&node) || std::ranges::any_of(children(node), [&](const auto& child) {
-               return is_referred_to(child, referred);
-           });
-}
-
-/// Notes what of the children of `node`, which is of the model `ns_uri`, no path refers to. What
-/// becomes of nodes within one of another model is the sibling's affair.
-void collect_lost(const OzkMapNode& node, const char* ns_uri, const Nodes& referred, Notes& notes)
-{
-    for (const OzkMapNode& child : children(node)) {
-        const bool is_own = ozk::same_text(child.ns_uri, ns_uri);
-        if (is_own && !children(child).empty())
-            collect_lost(child, ns_uri, referred, notes);
-        else if (is_referred_to(child, referred) || goes_with_entry(child))
-            continue;
-        else if (is_own)
-            notes.unmapped(child);
-        else
-            notes.unknown(child, false);
+/// Looks each node of a native document up in the schema of the map.
+class FitCheck {
+public:
+    FitCheck(const OzkMapNode& top, const MapLibrary& library)
+        : library_(library), top_(top), probe_(library, MAP_OP_GET), notes_(top)
+    {
     }
-}
+
+    std::vector<Note> check()
+    {
+        for (const OzkMapNode& node : children(top_)) {
+            root_ = find_root(node);
+            if (root_ == nullptr || library_.root_walker(*root_) == nullptr)
+                continue;
+            schema_ = &library_.schema(*root_);
+            check_children(schema_->root(), node);
+        }
+        return notes_.take();
+    }
+
+private:
+    void check_children(const Schema::Node& schema, const OzkMapNode& node)
+    {
+        for (const OzkMapNode& child : children(node)) {
+            const Schema::Node* known = schema_->child(schema, child.tag);
+            if (known == nullptr) {
+                if (!probe_.is_taken(*root_, schema, child, true))
+                    notes_.add("unknown-element", "is not in the schema of the map, skipped",
+                               child);
+            } else if (known->facts->kind == NodeKind::leaf) {
+                if (!children(child).empty())
+                    notes_.add("unknown-element", "is a leaf, what stands in it is skipped", child);
+            } else {
+                if (child.value != nullptr)
+                    notes_.add("unknown-element", "takes no value, its value is skipped", child);
+                check_children(*known, child);
+            }
+        }
+    }
+
+    const MapLibrary& library_;
+    const OzkMapNode& top_;
+    HookProbe probe_;
+    Notes notes_;
+    const Schema* schema_  = nullptr;
+    const ModelRoot* root_ = nullptr;
+};
 
 } // namespace
 
@@ -506,20 +610,14 @@ ReadPlan plan_read(const Request& request, const MapLibrary& library)
     return ReadPlanner(request, library).plan();
 }
 
-std::vector<Note> examine_edit(Request& request, const MapLibrary& library, bool cut)
+Examination examine_edit(Request& request, const MapLibrary& library, bool cut)
 {
     return EditExaminer(request, library, cut).examine();
 }
 
-std::vector<Note> find_lost(const Request& request, const OzkMapNode& root,
-                            std::span<const ozk::AddedPath> added)
+std::vector<Note> find_unfit(const OzkMapNode& top, const MapLibrary& library)
 {
-    Nodes referred;
-    for (const ozk::AddedPath& path : added)
-        referred.insert(path.ref_node);
-    Notes notes(*request.content);
-    collect_lost(root, root.ns_uri, referred, notes);
-    return notes.take();
+    return FitCheck(top, library).check();
 }
 
 } // namespace ymap::agent

@@ -4,13 +4,11 @@
 #ifndef YMAP_AGENT_PLAN_H
 #define YMAP_AGENT_PLAN_H
 
-#include <span>
 #include <vector>
 
 #include "error.h"
 #include "library.h"
 #include "request.h"
-#include "run.h"
 
 namespace ymap::agent {
 
@@ -32,16 +30,21 @@ struct ReadPlan {
 /// The texts stay the request's.
 ReadPlan plan_read(const Request& request, const MapLibrary& library);
 
-/// What an edit holds that would be lost, in the order of the document. With `cut`, it is taken out
-/// of the request's content, and so is what needn't be done: a leaf without a native path where it
-/// goes away with its entry. Throws RequestError for what is wrong whatever the map knows: a key
-/// that is missing, one thing twice, a value where elements belong.
-std::vector<Note> examine_edit(Request& request, const MapLibrary& library, bool cut);
+/// What is to be said of an edit before it is walked, in the order of the document.
+struct Examination {
+    /// What is wrong whatever the map knows: a key that is missing, one thing twice, a value where
+    /// elements belong, state.
+    std::vector<Note> faults;
+    /// What the map doesn't carry out: a leaf without a native path, a node of another model.
+    std::vector<Note> losses;
+};
+/// With `cut`, what would be lost is taken out of the request's content, and so is what needn't be
+/// done: a leaf without a native path where it goes away with its entry.
+Examination examine_edit(Request& request, const MapLibrary& library, bool cut);
 
-/// What the map has taken of an edit's `root` without a path that refers to it: nodes that went to
-/// a sibling library which has no path for them either.
-std::vector<Note> find_lost(const Request& request, const OzkMapNode& root,
-                            std::span<const ozk::AddedPath> added);
+/// What of native data, the roots below `top`, the map passes over, since its schema doesn't have
+/// it.
+std::vector<Note> find_unfit(const OzkMapNode& top, const MapLibrary& library);
 
 } // namespace ymap::agent
 

@@ -124,73 +124,12 @@ private:
     Reading reading_;
 };
 
-/// Looks each node of a native document up in the schema of the map.
-class FitCheck {
-public:
-    FitCheck(const Native& native, const MapLibrary& library)
-        : library_(library), top_(*native.top), paths_(top_, list_keys())
-    {
-    }
-
-    std::vector<Note> check()
-    {
-        for (const OzkMapNode& node : children(top_)) {
-            const ModelRoot* root = find_root(node);
-            if (root == nullptr || library_.root_walker(*root) == nullptr)
-                continue;
-            schema_ = &library_.schema(*root);
-            ns_uri_ = root->ns_uri;
-            check_children(schema_->root(), node);
-        }
-        return std::move(notes_);
-    }
-
-private:
-    void check_children(const Schema::Node& schema, const OzkMapNode& node)
-    {
-        for (const OzkMapNode& child : children(node)) {
-            const Schema::Node* known = schema_->child(schema, child.tag);
-            if (known == nullptr) {
-                if (!schema.facts->hook_by_hand || ozk::same_text(child.ns_uri, ns_uri_))
-                    note("is not in the schema of the map, skipped", child);
-            } else if (known->facts->kind == data::NodeKind::leaf) {
-                if (!children(child).empty())
-                    note("is a leaf, what stands in it is skipped", child);
-            } else {
-                if (child.value != nullptr)
-                    note("takes no value, its value is skipped", child);
-                check_children(*known, child);
-            }
-        }
-    }
-
-    void note(const char* message, const OzkMapNode& node)
-    {
-        Note note{"unknown-element", fmt::format("'{}' {}", text(node.tag), message)};
-        note.path = paths_.of(node);
-        note.line = node.line;
-        notes_.push_back(std::move(note));
-    }
-
-    const MapLibrary& library_;
-    const OzkMapNode& top_;
-    data::InstancePaths paths_;
-    std::vector<Note> notes_;
-    const Schema* schema_ = nullptr;
-    const char* ns_uri_   = nullptr;
-};
-
 } // namespace
 
 Reading read(const Request& request, std::span<const Native> natives, const MapLibrary& library,
              const Hooks& hooks)
 {
     return Reader(request, natives, library, hooks).read();
-}
-
-std::vector<Note> find_unfit(const Native& native, const MapLibrary& library)
-{
-    return FitCheck(native, library).check();
 }
 
 } // namespace ymap::agent

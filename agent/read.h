@@ -29,15 +29,12 @@ struct Reading {
     std::vector<Walk> walks; ///< that ended with a status: the reply is then not to be given
     std::vector<std::string> faults; ///< broken contracts between library and framework
 
-    std::deque<ozk::Tree> parts;                  ///< that the reply refers to
+    std::deque<ozk::Tree> parts;                   ///< that the reply refers to
     std::vector<std::unique_ptr<ozk::Run>> passes; ///< likewise
 };
 
 Reading read(const Request& request, std::span<const Native> natives, const MapLibrary& library,
              const Hooks& hooks = {});
-
-/// What of a native document the map passes over, since its schema doesn't have it.
-std::vector<Note> find_unfit(const Native& native, const MapLibrary& library);
 
 } // namespace ymap::agent
 

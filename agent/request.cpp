@@ -44,6 +44,13 @@ public:
         OzkMapNode& outermost = children(top).front();
         if (is_of_netconf(outermost) && text(outermost.tag) == "rpc")
             return read_rpc(outermost);
+        if (is_netconf(outermost, "rpc"))
+            fail("unknown-namespace",
+                 fmt::format("an rpc without the namespace of NETCONF, {}", NS_NETCONF), outermost);
+        if (is_of_netconf(outermost))
+            fail("unknown-element",
+                 fmt::format("'{}', where an rpc or a bare data tree is expected", outermost.tag),
+                 outermost);
         // The root first: an unknown one is the greater fault, whatever the operation.
         require_known_root(outermost);
         if (!options_.bare_op_code)
@@ -108,6 +115,7 @@ private:
     void take_content(OzkMapNode& content);
     void inherit_operations(OzkMapNode& node, ozk::Edit operation) const;
     void mark_matches(OzkMapNode& node) const;
+    void find_namespaces(OzkMapNode& filter);
 
     Request& request_;
     const RequestOptions& options_;
@@ -274,10 +282,11 @@ void EnvelopeReader::take_content(OzkMapNode& content)
     request_.content = &content;
     if (!request_.is_edit()) {
         const data::Document& document = request_.document;
-        if (document.attributes.empty() && !document.has_operations)
-            return; // most documents: data, for one
-        for (OzkMapNode& root : children(content))
-            mark_matches(root);
+        if (!document.attributes.empty() ||
+            document.has_operations) // few bare trees: data, for one
+            for (OzkMapNode& root : children(content))
+                mark_matches(root);
+        find_namespaces(content);
         return;
     }
     content.edit        = static_cast<uint8_t>(request_.default_operation);
@@ -324,6 +333,26 @@ void EnvelopeReader::mark_matches(OzkMapNode& node) const
         mark_matches(child);
 }
 
+/// RFC 6241, 6.2.1: a node without a namespace stands for one of any; of roots, which they are is
+/// known.
+void EnvelopeReader::find_namespaces(OzkMapNode& filter)
+{
+    const auto is_without = [](const OzkMapNode& root) { return text(root.ns_uri).empty(); };
+    if (std::ranges::none_of(children(filter), is_without))
+        return;
+    std::vector<OzkMapNode> roots;
+    for (const OzkMapNode& root : children(filter)) {
+        const size_t before = roots.size();
+        for (const ModelRoot& known : model_roots())
+            if (is_without(root) && text(root.tag) == known.name &&
+                (!known.is_state || request_.op_code == MAP_OP_GET))
+                roots.emplace_back(root).ns_uri = known.ns_uri;
+        if (roots.size() == before)
+            roots.push_back(root);
+    }
+    request_.document.tree.set_children(filter, roots);
+}
+
 } // namespace
 
 Error error_at(const char* tag, const std::string& message, const OzkMapNode& top,
@@ -354,6 +383,38 @@ Request parse_request(data::Document document, const RequestOptions& options)
     return request;
 }
 
+namespace {
+
+/// Entries begin with their keys, in the order of their model (RFC 7950, 7.8.5): those of the list
+/// at `path` below `parent`.
+void put_keys_first(OzkMapNode& parent, std::string_view path, const data::ListKeys& keys)
+{
+    const size_t end = path.find('/', 1);
+    for (OzkMapNode& child : children(parent)) {
+        if (text(child.tag) != path.substr(1, end - 1) || text(child.ns_uri) != keys.ns_uri)
+            continue;
+        if (end != path.npos) {
+            put_keys_first(child, path.substr(end), keys);
+            continue;
+        }
+        const auto all = children(child);
+        auto place     = all.begin();
+        for (const char* leaf : keys.leaves) {
+            const auto key = std::find_if(place, all.end(), [&](const OzkMapNode& each) {
+                return ozk::is_named(each, leaf, keys.ns_uri);
+            });
+            // Attributes are known by the place of their node.
+            if (key == all.end() || std::any_of(place, key + 1, [](const OzkMapNode& each) {
+                    return (each.marks & ozk::MARK_ATTRIBUTES) != 0;
+                }))
+                break;
+            std::rotate(place++, key, key + 1);
+        }
+    }
+}
+
+} // namespace
+
 OzkMapNode& data_of(data::Document& document)
 {
     OzkMapNode* content = &document.tree.top();
@@ -381,6 +442,8 @@ OzkMapNode& data_of(data::Document& document)
         if (known->is_clients)
             fail(fmt::format("/{} is no native data, but of the clients' model", root.tag), root);
     }
+    for (const data::ListKeys& keys : list_keys())
+        put_keys_first(*content, keys.path, keys);
     return *content;
 }
 

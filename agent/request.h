@@ -59,6 +59,7 @@ std::string error_path(data::InstancePaths& paths, const OzkMapNode& node);
 
 /// The content of a document that holds data: the node whose children are roots. A bare tree, a
 /// <data> or <config>, or the <data> of a whole <rpc-reply>; several roots may stand side by side.
+/// Entries of lists then begin with their keys.
 /// Throws RequestError for anything else.
 OzkMapNode& data_of(data::Document& document);
 

@@ -60,7 +60,9 @@ Walk walk(ozk::Run& run, const MapLibrary& library, const ModelRoot& root, OzkMa
     if (tree != nullptr && run.records_calls())
         give_own_tags(*tree, node);
     const size_t calls_before = run.calls().size();
-    Walk result{&root, run.walk(walker, &node)};
+    const size_t added_before = run.added().size();
+    const uint32_t status     = run.walk(walker, &node);
+    Walk result{&root, status, added_before, run.added().size()};
     if (result.status == MAP_OK || tree == nullptr)
         return result;
     if (run.records_calls()) {
@@ -74,6 +76,10 @@ Walk walk(ozk::Run& run, const MapLibrary& library, const ModelRoot& root, OzkMa
     }
     if (result.node != nullptr) {
         data::InstancePaths paths(*top, list_keys());
+        // The key that an entry should begin with may not be there: the entry is at fault.
+        const OzkMapNode* parent = paths.parent_of(*result.node);
+        if (result.status == MAP_ERR_BAD_KEY && children(*result.node).empty() && parent != top)
+            result.node = parent;
         result.tag        = text(result.node->tag);
         result.path       = paths.of(*result.node);
         result.error_path = error_path(paths, *result.node);

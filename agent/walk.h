@@ -24,6 +24,8 @@ struct Hooks {
 struct Walk {
     const ModelRoot* root;
     uint32_t status;
+    size_t added_before = 0; ///< paths that the run had when the walk began
+    size_t added_after  = 0; ///< and when it ended
     // Of a walk that ended with a status: the node that it had come to, if it is known.
     const OzkMapNode* node = nullptr;
     std::string tag        = {}; ///< empty: none is known

@@ -109,7 +109,7 @@ private:
             if (keys != nullptr)
                 require_keys(child, *keys);
             if (!named.insert(identity_of(child, keys)).second)
-                refuse("bad-element", quoted(child.tag) + " is given twice", child);
+                refuse("bad-element", "it is given twice", child);
         }
         return named;
     }

@@ -30,22 +30,15 @@ std::string literal(std::string_view value)
 
 } // namespace
 
-std::string instance_step(const OzkMapNode& node, std::span<const OzkMapNode> siblings,
-                          const ListKeys* keys, const PrefixOf& prefix_of)
+std::string instance_step(const OzkMapNode& node, const ListKeys* keys, const PrefixOf& prefix_of,
+                          const std::function<size_t(const OzkMapNode&)>& place_of)
 {
     std::string step = name_of(node.tag, node.ns_uri, prefix_of);
     std::string predicates;
     for (const char* leaf : keys != nullptr ? keys->leaves : std::span<const char* const>()) {
         const OzkMapNode* key = ozk::find_child(node, leaf, node.ns_uri);
-        if (key == nullptr || key->value == nullptr) {
-            size_t place = 0;
-            for (const OzkMapNode& sibling : siblings) {
-                place += ozk::is_named(sibling, node.tag, node.ns_uri);
-                if (&sibling == &node)
-                    break;
-            }
-            return step + "[" + std::to_string(place) + "]";
-        }
+        if (key == nullptr || key->value == nullptr)
+            return step + "[" + std::to_string(place_of ? place_of(node) : 0) + "]";
         predicates += "[" + name_of(leaf, node.ns_uri, prefix_of) + "=" + literal(key->value) + "]";
     }
     return step + predicates;
@@ -80,6 +73,18 @@ const OzkMapNode* InstancePaths::parent_of(const OzkMapNode& node)
     return before(&node, family.children.data() + family.children.size()) ? family.parent : nullptr;
 }
 
+size_t InstancePaths::place_of(const OzkMapNode& node, std::span<const OzkMapNode> siblings)
+{
+    const OzkMapNode* first = siblings.data();
+    const std::less<> before;
+    if (counted_ == nullptr || before(counted_, first) || before(&node, counted_) ||
+        !ozk::is_named(*counted_, node.tag, node.ns_uri))
+        counted_ = first, place_ = ozk::is_named(*first, node.tag, node.ns_uri) ? 1 : 0;
+    for (; counted_ != &node; place_ += ozk::is_named(*counted_, node.tag, node.ns_uri) ? 1 : 0)
+        ++counted_;
+    return place_;
+}
+
 std::string InstancePaths::of(const OzkMapNode& node, const PrefixOf& prefix_of)
 {
     std::vector<const OzkMapNode*> road; // from the node up
@@ -91,8 +96,10 @@ std::string InstancePaths::of(const OzkMapNode& node, const PrefixOf& prefix_of)
         return path;
     for (size_t i = road.size(); i-- > 0; parent = road[i]) {
         schema_path.append(1, '/').append(text(road[i]->tag));
-        path += "/" + instance_step(*road[i], children(*parent),
-                                    keys_of(lists_, road[i]->ns_uri, schema_path), prefix_of);
+        path += "/" + instance_step(*road[i], keys_of(lists_, road[i]->ns_uri, schema_path),
+                                    prefix_of, [&](const OzkMapNode& entry) {
+                                        return place_of(entry, children(*parent));
+                                    });
     }
     return path;
 }

@@ -40,15 +40,21 @@ private:
     };
     void learn();
 
+    /// The place of `node` among those of its name in `siblings`, from 1.
+    size_t place_of(const OzkMapNode& node, std::span<const OzkMapNode> siblings);
+
     const OzkMapNode& top_;
     std::span<const ListKeys> lists_;
     std::vector<Family> families_;
+    const OzkMapNode* counted_ = nullptr; ///< the node whose place was asked for last
+    size_t place_              = 0;       ///< its place
 };
 
-/// One step of an instance path: the name of `node`, and what tells it from its like if it is an
-/// entry of the list at `path`. `siblings` are the node and those beside it.
-std::string instance_step(const OzkMapNode& node, std::span<const OzkMapNode> siblings,
-                          const ListKeys* keys, const PrefixOf& prefix_of = {});
+/// One step of an instance path: the name of `node` and, if it is an entry of the list that has
+/// these keys, their values; of an entry that lacks a key, `place_of(node)`.
+std::string instance_step(const OzkMapNode& node, const ListKeys* keys,
+                          const PrefixOf& prefix_of                                = {},
+                          const std::function<size_t(const OzkMapNode&)>& place_of = {});
 
 } // namespace ymap::data
 

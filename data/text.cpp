@@ -27,25 +27,58 @@ size_t control_size(std::string_view text, size_t at)
     return byte == 0xc2 && next >= 0x80 && next < 0xa0 ? 2 : 0;
 }
 
+namespace {
+
+/// Bytes of the character of UTF-8 (RFC 3629) that stands at `at`, or 0 if there is none.
+size_t character_size(std::string_view text, size_t at)
+{
+    const auto first  = static_cast<unsigned char>(text[at]);
+    const size_t size = first < 0x80   ? 1
+                        : first < 0xc2 ? 0
+                        : first < 0xe0 ? 2
+                        : first < 0xf0 ? 3
+                        : first < 0xf5 ? 4
+                                       : 0;
+    if (size > text.size() - at)
+        return 0;
+    for (size_t i = 1; i < size; ++i)
+        if ((static_cast<unsigned char>(text[at + i]) & 0xc0) != 0x80)
+            return 0;
+    return size;
+}
+
+} // namespace
+
 std::string without_controls(std::string_view text)
 {
     std::string line;
-    for (size_t at = 0, size = 0; at < text.size(); at += std::max(size, size_t{1})) {
-        size = control_size(text, at);
-        line += size > 0 ? ' ' : text[at];
+    for (size_t at = 0; at < text.size();) {
+        const size_t control = control_size(text, at), size = character_size(text, at);
+        if (control > 0)
+            line += ' ';
+        else if (size > 0)
+            line.append(text, at, size);
+        else
+            line += '?';
+        at += std::max({control, size, size_t{1}});
     }
     return line;
 }
 
 std::string for_message(std::string_view text)
 {
-    constexpr size_t longest = 400;
+    constexpr size_t longest = 400, longest_tail = 100;
     if (text.size() <= longest)
         return without_controls(text);
-    size_t end = longest;
-    while ((static_cast<unsigned char>(text[end]) & 0xc0) == 0x80) // within a character
+    const auto is_within = [&](size_t at) { // a character
+        return (static_cast<unsigned char>(text[at]) & 0xc0) == 0x80;
+    };
+    size_t end = longest - longest_tail, tail = text.size() - longest_tail;
+    while (end > 0 && is_within(end))
         --end;
-    return without_controls(text.substr(0, end)) + "...";
+    while (tail < text.size() && is_within(tail))
+        ++tail;
+    return without_controls(text.substr(0, end)) + "..." + without_controls(text.substr(tail));
 }
 
 } // namespace ymap::data

@@ -15,11 +15,12 @@ std::string_view trim(std::string_view text);
 /// They are U+0000 to U+001F and U+007F to U+009F, the last of which some terminals obey as well.
 size_t control_size(std::string_view text, size_t at);
 
-/// `text` as one line that a terminal doesn't obey: a control character becomes a blank.
+/// `text` as one line that a terminal doesn't obey: a control character becomes a blank, and a byte
+/// that is no UTF-8 a question mark.
 std::string without_controls(std::string_view text);
 
-/// `text` as part of a message: without control characters, and cut where it is long, so that a
-/// person can read it whatever a document holds.
+/// `text` as part of a message: without control characters, and cut in the middle where it is long,
+/// so that a person can read it whatever a document holds.
 std::string for_message(std::string_view text);
 
 } // namespace ymap::data

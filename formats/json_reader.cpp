@@ -157,9 +157,7 @@ public:
     }
     bool parse_error(size_t, const std::string&, const nlohmann::detail::exception& error)
     {
-        std::string_view text = error.what();
-        text.remove_prefix(std::min(text.find(": ") + 2, text.size())); // as counted by the parser
-        fail(text);
+        fail(json_message(error.what()));
     }
 
 private:
@@ -216,6 +214,15 @@ private:
 };
 
 } // namespace
+
+std::string_view json_message(std::string_view what)
+{
+    for (const std::string_view mark : {"] ", ": "}) // the name of the error, and its place
+        if (const size_t end = what.find(mark);
+            end != what.npos && (mark == "] " || what.starts_with("parse error at")))
+            what.remove_prefix(end + mark.size());
+    return what;
+}
 
 Document read_json(const std::string& name, const Source& source, const ReadOptions& options,
                    const NamespaceOf& namespace_of)

@@ -49,10 +49,13 @@ public:
             out_ << separator;
             separator = ",\n";
             out_.fill(indent + 2, ' ') << json_string(name(first, node)) << ": ";
-            if (instances.size() > 1 || (first.marks & ozk::MARK_LIST_ENTRY) != 0)
+            const size_t above = path_.size();
+            path_.append(1, '/').append(text(first.tag));
+            if (instances.size() > 1 || schema_.is_list(first.ns_uri, path_))
                 array(instances, indent + 2);
             else
                 value(first, indent + 2);
+            path_.resize(above);
         }
         if (!members.empty())
             (out_ << "\n").fill(indent, ' ');
@@ -98,6 +101,7 @@ private:
 
     Output& out_;
     const JsonSchema& schema_;
+    std::string path_; ///< schema path of the node that is being written
 };
 
 } // namespace

@@ -79,10 +79,12 @@ struct JsonSchema {
     std::function<JsonType(const OzkMapNode& leaf)> type_of;
     /// Whether a node without children and value is a container, no empty leaf.
     std::function<bool(const OzkMapNode& node)> is_container;
+    /// Whether the node at a schema path is a list.
+    std::function<bool(const char* ns_uri, const std::string& path)> is_list;
 };
 
-/// The children of `top`, which are roots, as one object. Entries of a list (MARK_LIST_ENTRY) are
-/// one array, wherever they stand; so are other nodes of the same name.
+/// The children of `top`, which are roots, as one object. Entries of a list are one array, wherever
+/// they stand; so are other nodes of the same name.
 void write_json(Output& out, const OzkMapNode& top, const JsonSchema& schema, size_t indent = 0);
 
 } // namespace ymap::formats

@@ -50,6 +50,9 @@ struct ReadOptions {
 /// Throws InputError.
 Document read_xml(const std::string& name, const Source& source, const ReadOptions& options);
 
+/// What an exception of the JSON parser says, without its own name and count of columns.
+std::string_view json_message(std::string_view what);
+
 /// Gives the namespace of a YANG module, or null for an unknown one.
 using NamespaceOf = std::function<const char*(std::string_view module)>;
 /// Reads data in JSON (RFC 7951). Throws InputError.

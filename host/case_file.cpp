@@ -2,6 +2,7 @@
 
 #include "case_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -22,7 +23,7 @@ using nlohmann::json;
 namespace {
 
 /// Members that hold the run; all others are what came of it.
-constexpr const char* own_members[] = {"input", "op", "depth_limit", "log", "trace"};
+constexpr const char* own_members[] = {"comment", "input", "op", "depth_limit", "log", "trace"};
 
 /// The lines of a text; the last is empty if the text ends in a line feed.
 std::vector<std::string> lines_of(std::string_view text)
@@ -52,13 +53,19 @@ public:
         try {
             object_ = json::parse(text);
         } catch (const json::parse_error& error) {
-            const std::string_view what = error.what();
-            fail(what.substr(std::min(what.find(": ") + 2, what.size())));
+            const auto end =
+                text.begin() + static_cast<ptrdiff_t>(std::min(error.byte, text.size()));
+            const auto line = 1 + std::count(text.begin(), end, '\n');
+            throw InputError(name, static_cast<uint32_t>(line),
+                             formats::json_message(error.what()));
+        } catch (const json::exception& error) {
+            fail(formats::json_message(error.what()));
         }
         if (!object_.is_object() || !object_.contains("input") || !object_.contains("calls"))
             fail("no case file: an object with 'input' and 'calls' is expected");
     }
 
+    /// What came of a run; a comment says what the case is for.
     Case read()
     {
         read_input();
@@ -107,6 +114,8 @@ private:
             input.document += separator + line.get<std::string>();
             separator = "\n";
         }
+        if (object_.contains("comment"))
+            input.comment = object_.at("comment").dump();
         input.op          = text_of("op", {"get", "get-config", "edit"});
         input.log         = text_of("log", {"error", "trace"});
         input.depth_limit = formats::DEFAULT_DEPTH_LIMIT;
@@ -155,7 +164,10 @@ private:
 void write_case(const std::string& path, const CaseInput& input,
                 const std::vector<JsonMember>& result)
 {
-    std::vector<JsonMember> members = {{"input", true, lines_of(input.document)}};
+    std::vector<JsonMember> members;
+    if (!input.comment.empty())
+        members.push_back({"comment", false, {input.comment}});
+    members.push_back({"input", true, lines_of(input.document)});
     if (!input.op.empty())
         members.push_back({"op", false, {json_string(input.op)}});
     if (input.depth_limit != formats::DEFAULT_DEPTH_LIMIT)

@@ -18,6 +18,7 @@ namespace ymap::host {
 
 /// What a run is made of.
 struct CaseInput {
+    std::string comment;  ///< what the case is for, as JSON; may be empty
     std::string document; ///< its text, in UTF-8
     std::string op;       ///< operation of a bare data tree; empty for none
     uint32_t depth_limit;

@@ -48,10 +48,13 @@ int main(int argc, char** argv)
 
     try {
         // The parser would only say that a verb is missing.
-        if (argc > 1 && argv[1][0] != '-' &&
-            std::ranges::find(verbs, argv[1], &CLI::App::get_name) == verbs.end())
-            throw ymap::formats::InputError("ymap", 0,
-                                            fmt::format("no verb '{}'; see ymap --help", argv[1]));
+        const std::string first = argc > 1 ? argv[1] : "--help";
+        const bool is_option    = first.starts_with('-');
+        if (is_option ? app.get_option_no_throw(first) == nullptr
+                      : std::ranges::find(verbs, first, &CLI::App::get_name) == verbs.end())
+            throw ymap::formats::InputError(
+                "ymap", 0,
+                fmt::format("no {} '{}'; see ymap --help", is_option ? "option" : "verb", first));
         app.parse(argc, argv);
         const int status = chosen();
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {

@@ -39,7 +39,7 @@ void print_mapping(const agent::Request& request, const agent::Mapping& mapping,
     const std::string& name = request.document.name;
     const bool has_heading  = options.documents.size() > 1;
     if (options.format == "json") {
-        print((is_first ? "" : ",\n") +
+        print((is_first ? "\n" : ",\n") +
               json_object(json_members(request, mapping, options.diagnostics.calls)));
     } else if (options.format == "xml") {
         if (options.diagnostics.calls)
@@ -109,8 +109,9 @@ int map_documents(const MapOptions& options)
     DiagnosticsOptions diagnostics = options.diagnostics;
     diagnostics.calls |= captures;
     const agent::Hooks hooks = hooks_for(diagnostics, true);
-    if (options.format == "json")
-        print("[\n");
+    const bool is_json       = options.format == "json";
+    if (is_json)
+        print("[");
     bool is_first = true;
     for (agent::Request& request : requests) {
         const std::string& name      = request.document.name;
@@ -122,12 +123,13 @@ int map_documents(const MapOptions& options)
         if ((report_faults(name, mapping.run->faults()) || failed) && status == exit_mapped)
             status = exit_walk_error;
         if (captures)
-            write_case(options.capture,
-                       {text, options.op, options.depth_limit, diagnostics.log, diagnostics.trace},
-                       json_members(request, mapping, true));
+            write_case(
+                options.capture,
+                {"", text, options.op, options.depth_limit, diagnostics.log, diagnostics.trace},
+                json_members(request, mapping, true));
     }
-    if (options.format == "json")
-        print("\n]\n");
+    if (is_json)
+        print(is_first ? "]\n" : "\n]\n");
     return status;
 }
 

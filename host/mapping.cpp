@@ -9,6 +9,7 @@
 
 #include "calls.h"
 #include "columns.h"
+#include "text.h"
 
 namespace ymap::host {
 
@@ -97,7 +98,9 @@ std::string table_text(const Request& request, const Mapping& mapping)
             std::string(agent::prefix_of(added.ns_uri)),
             added.is_list ? "list" : "-",
             edit != nullptr ? edit : "-",
-            ref != nullptr ? fmt::format("{}, line {}", paths.of(*ref), ref->line) : "-",
+            ref != nullptr
+                ? fmt::format("{}, line {}", data::without_controls(paths.of(*ref)), ref->line)
+                : "-",
         });
     }
     return rows.size() == 1 ? "no paths\n" : aligned(rows);
@@ -115,7 +118,8 @@ bool write_xml_mapping(formats::Output& out, const Request& request, const Mappi
     const std::string_view name  = request.is_edit() ? "config" : is_data ? "data" : "filter";
     const std::string_view extra = name == "filter" ? " type=\"subtree\"" : "";
     out << fmt::format("<nc:{}{} xmlns:nc=\"{}\"", name, extra, data::NS_NETCONF);
-    const ozk::Tree tree = ozk::tree_of(mapping.run->added(), request.default_operation);
+    const ozk::Tree read  = request.is_edit() ? ozk::Tree() : ozk::tree_of(mapping.run->added());
+    const ozk::Tree& tree = request.is_edit() ? mapping.tree : read;
     if (ozk::children(tree.top()).empty()) {
         out << "/>\n";
         return true;

@@ -4,7 +4,10 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -34,18 +37,32 @@ struct ReadVerbOptions {
 const std::map<std::string, uint32_t> read_codes = {{"get", MAP_OP_GET},
                                                     {"get-config", MAP_OP_GET_CONFIG}};
 
-const formats::JsonSchema json_schema = {
-    [](const char* ns_uri) { return agent::module_of(ozk::text(ns_uri)); },
-    [](const OzkMapNode& leaf) {
-        switch (agent::leaf_type(leaf)) {
-        case agent::LeafType::unknown: return formats::JsonType::unknown;
-        case agent::LeafType::string: return formats::JsonType::string;
-        case agent::LeafType::boolean: return formats::JsonType::boolean;
-        case agent::LeafType::integer: return formats::JsonType::integer;
-        }
-        return formats::JsonType::unknown;
-    },
-    agent::is_container};
+formats::JsonType json_type(const OzkMapNode& leaf)
+{
+    switch (agent::leaf_type(leaf)) {
+    case agent::LeafType::unknown: return formats::JsonType::unknown;
+    case agent::LeafType::string: return formats::JsonType::string;
+    case agent::LeafType::boolean: return formats::JsonType::boolean;
+    case agent::LeafType::integer: return formats::JsonType::integer;
+    }
+    return formats::JsonType::unknown;
+}
+
+/// What the map library knows of lists, and the tables of the rest.
+formats::JsonSchema json_schema(const agent::MapLibrary& library)
+{
+    std::set<std::pair<std::string_view, std::string>> lists;
+    for (const agent::ModelRoot& root : agent::model_roots())
+        if (library.root_walker(root) != nullptr)
+            for (const data::ExploredNode& node : library.schema(root).explored())
+                if (node.kind == data::NodeKind::list)
+                    lists.emplace(root.ns_uri, node.path);
+    return {[](const char* ns_uri) { return agent::module_of(ozk::text(ns_uri)); }, json_type,
+            agent::is_container,
+            [lists](const char* ns_uri, const std::string& path) {
+                return lists.contains({ozk::text(ns_uri), path});
+            }};
+}
 
 int read(const ReadVerbOptions& options)
 {
@@ -62,7 +79,7 @@ int read(const ReadVerbOptions& options)
     if (!failed) {
         formats::Output out(print);
         if (options.format == "json") {
-            write_json(out, reading.reply.top(), json_schema);
+            write_json(out, reading.reply.top(), json_schema(library));
             out << "\n";
         } else {
             netconf::Reply(out, request.document, request.rpc(), formats::Layout::lines)
@@ -72,7 +89,7 @@ int read(const ReadVerbOptions& options)
     }
     report_notes(name, reading.notes);
     for (const agent::Native& native : natives.documents())
-        report_notes(native.document->name, agent::find_unfit(native, library));
+        report_notes(native.document->name, agent::find_unfit(*native.top, library));
     return report_faults(name, reading.faults) || failed ? exit_walk_error : exit_mapped;
 }
 

@@ -170,11 +170,13 @@ int replay(const ReplayOptions& options)
 
     int status = exit_mapped;
     for (Prepared& prepared : cases) {
-        const auto result      = run_case(prepared, library);
+        auto result            = run_case(prepared, library);
         const std::string text = differences(prepared.captured, result);
-        if (!text.empty() && options.update)
+        if (!text.empty() && options.update) {
+            // where the document lay when it was captured
+            result.front().values = prepared.captured.members["document"];
             write_case(prepared.path, prepared.captured.input, result);
-        else if (!text.empty())
+        } else if (!text.empty())
             status = exit_differs;
         fmt::print("{}: {}\n{}", formats::name_of_file(prepared.path),
                    text.empty()     ? "as captured"

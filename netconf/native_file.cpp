@@ -14,7 +14,7 @@ namespace ymap::netconf {
 bool is_json(std::string_view beginning)
 {
     const size_t begin = beginning.find_first_not_of(" \t\r\n");
-    return begin != beginning.npos && beginning[begin] == '{';
+    return begin != beginning.npos && (beginning[begin] == '{' || beginning[begin] == '[');
 }
 
 data::Document read_native(const std::string& path, uint32_t depth_limit)
@@ -41,15 +41,14 @@ void write_native(formats::Output& out, const OzkMapNode& top)
 {
     const auto roots      = ozk::children(top);
     const bool is_wrapped = top.tag != nullptr || roots.size() != 1;
-    const char* ns_uri    = nullptr;
-    if (is_wrapped) {
-        ns_uri = data::NS_NETCONF;
-        out << fmt::format("<{} xmlns=\"{}\">\n", top.tag != nullptr ? top.tag : "data", ns_uri);
-    }
+    const char* ns_uri    = is_wrapped ? data::NS_NETCONF : nullptr;
+    const char* wrapper   = top.tag != nullptr ? top.tag : "data";
+    if (is_wrapped)
+        out << fmt::format("<{} xmlns=\"{}\"{}>\n", wrapper, ns_uri, roots.empty() ? "/" : "");
     for (const OzkMapNode& root : roots)
         write_xml(out, root, ns_uri, formats::Layout::lines, is_wrapped ? 2 : 0);
-    if (is_wrapped)
-        out << fmt::format("</{}>\n", top.tag != nullptr ? top.tag : "data");
+    if (is_wrapped && !roots.empty())
+        out << fmt::format("</{}>\n", wrapper);
     out.flush();
 }
 

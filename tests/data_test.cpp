@@ -321,9 +321,13 @@ TEST(Text, IsMadeFitForAMessage)
     EXPECT_EQ(ymap::data::trim(" \t\r\n a b \n"), "a b");
     EXPECT_EQ(ymap::data::trim(" \n"), "");
     EXPECT_EQ(ymap::data::for_message("a\nb\x1b\x7f\xc2\x85\xc3\xa4~"), "a b   \xc3\xa4~");
-    const std::string longer = std::string(399, 'x') + "\xc3\xa4";
+    EXPECT_EQ(ymap::data::for_message("\xff\xc3z\xc3\xa4\xe2\x82\xf0\x9f\x98\x80\x80"),
+              "??z\xc3\xa4??\xf0\x9f\x98\x80?");
     EXPECT_EQ(ymap::data::for_message(std::string(400, 'x')), std::string(400, 'x'));
-    EXPECT_EQ(ymap::data::for_message(longer), std::string(399, 'x') + "...");
+    const std::string umlaut = "\xc3\xa4";
+    EXPECT_EQ(
+        ymap::data::for_message(std::string(299, 'x') + umlaut + umlaut + std::string(99, 'y')),
+        std::string(299, 'x') + "..." + std::string(99, 'y'));
 }
 
 } // namespace

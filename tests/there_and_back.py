@@ -110,6 +110,8 @@ class DrawnEdit:
         """What becomes of the entries, or None for an edit that has to be refused."""
         if self.root in ("delete", "remove"):  # whatever it holds
             return None if self.root == "delete" and not before else {}
+        if self.root == "create" and before:
+            return None
         names = [name for name, _, _ in self.entries]
         if len(set(names)) < len(names):
             return None
