@@ -369,6 +369,8 @@ Error error_at(const char* tag, const std::string& message, const OzkMapNode& to
 std::string error_path(data::InstancePaths& paths, const OzkMapNode& node)
 {
     return paths.of(node, [](const char* ns_uri) {
+        if (text(ns_uri) == NS_NETCONF)
+            return NETCONF_PREFIX;
         const Module* module = find_module(text(ns_uri));
         return module != nullptr ? std::string_view(module->prefix) : std::string_view();
     });
