@@ -64,6 +64,20 @@ formats::JsonSchema json_schema(const agent::MapLibrary& library)
             }};
 }
 
+/// Marks the list entries below `node` as such, of which JSON makes an array also where there is
+/// only one (RFC 7951, 5.4). A document doesn't tell them; `place` is the node's in the schema.
+void mark_entries(OzkMapNode& node, const agent::Schema& schema, const agent::Schema::Node& place)
+{
+    for (OzkMapNode& child : ozk::children(node)) {
+        const agent::Schema::Node* known = schema.child(place, child.tag);
+        if (known == nullptr || !ozk::same_text(child.ns_uri, node.ns_uri))
+            continue;
+        if (known->facts->kind == data::NodeKind::list)
+            child.marks |= ozk::MARK_LIST_ENTRY;
+        mark_entries(child, schema, *known);
+    }
+}
+
 int read(const ReadVerbOptions& options)
 {
     // Nothing is walked or printed before all input is known to be sound.
@@ -71,8 +85,17 @@ int read(const ReadVerbOptions& options)
         read_request(options.request, options.depth_limit, false, read_codes.at(options.op));
     const NativeData natives(options.data, options.depth_limit);
     const agent::MapLibrary library = load_library(options.library);
-    const agent::Reading reading    = agent::read(request, natives.documents(), library,
-                                                  hooks_for(options.diagnostics, true, true));
+    if (options.format == "json") {
+        for (const agent::Native& native : natives.documents())
+            for (OzkMapNode& node : ozk::children(*native.top))
+                if (const agent::ModelRoot* root = agent::find_root(node);
+                    root != nullptr && library.root_walker(*root) != nullptr) {
+                    const agent::Schema& schema = library.schema(*root);
+                    mark_entries(node, schema, schema.root());
+                }
+    }
+    const agent::Reading reading = agent::read(request, natives.documents(), library,
+                                               hooks_for(options.diagnostics, true, true));
 
     const std::string& name = request.document.name;
     const bool failed       = report_walks(name, reading.walks);
