@@ -294,9 +294,9 @@ private:
         for (const OzkMapNode& leaf : children(child)) {
             if (!has_value(leaf))
                 continue;
-            const auto [begin, behind] =
+            const auto [begin_matches, end_matches] =
                 level.by_match.equal_range({tag, text(leaf.tag), trim(leaf.value)});
-            for (auto each = begin; each != behind; ++each)
+            for (auto each = begin_matches; each != end_matches; ++each)
                 if (each->second->stands_for(child) &&
                     std::find(found.begin() + static_cast<ptrdiff_t>(first), found.end(),
                               each->second) == found.end())

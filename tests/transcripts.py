@@ -10,7 +10,7 @@ A transcript is a text file of runs, one after the other:
     ! a line of standard error
     [exit 1]
 
-Bash runs each line behind a $ in the top folder of the sources; one that ends in a backslash goes
+Bash runs each line after a $ in the top folder of the sources; one that ends in a backslash goes
 on. $TMP is a folder that the runs of a file share and that goes away after them; functions of the
 shell that a run writes to $TMP/functions are there for those after it. The exit status isn't
 written where it is 0. "[...]" alone on a line stands for any lines. Blank lines part runs.
