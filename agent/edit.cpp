@@ -82,7 +82,8 @@ private:
             if (find_root(root)->is_clients && reaches_unnamed_entries(root))
                 add_visible_entries(root);
         require_roots();
-        data::apply_edit(*native_.document, *native_.top, edit_.top(), list_keys());
+        data::apply_edit(*native_.document, *native_.top, edit_.top(), list_keys(),
+                         request_.test_only);
     }
 
     /// What would be lost when the document is written.
@@ -90,10 +91,12 @@ private:
     {
         data::InstancePaths paths(*native_.top, list_keys());
         for (const auto& [node, attributes] : native_.document->attributes) {
-            const std::string path = paths.of(*node);
-            const auto other       = std::ranges::find_if(
-                      attributes, [](const data::Attribute& each) { return each.prefix != "xmlns"; });
-            if (!path.empty() && other != attributes.end())
+            const auto other = std::ranges::find_if(
+                attributes, [](const data::Attribute& each) { return each.prefix != "xmlns"; });
+            if (other == attributes.end())
+                continue;
+            const std::string path = paths.of(*node); // looks at all of the document
+            if (!path.empty())
                 throw RequestError(
                     {"operation-failed",
                      fmt::format("{}:{}: {} has the attribute '{}', which an edit "

@@ -22,8 +22,8 @@ struct Edited {
     std::vector<std::string> faults; ///< broken contracts between library and framework
 };
 
-/// Carries `request` out on `native`. An edit that is only to be tested is carried out as well:
-/// what is kept of the document is the caller's affair.
+/// Carries `request` out on `native`, which is left as it was by an edit that is refused or only to
+/// be tested.
 Edited edit(Request& request, const Native& native, const MapLibrary& library,
             const EditOptions& options, const Hooks& hooks = {});
 

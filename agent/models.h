@@ -32,6 +32,9 @@ struct ModelRoot {
     bool is_state;   ///< config false (RFC 7950, 7.21.1): no get-config and no edit reaches it
 };
 
+/// The prefix of NETCONF's own elements in an error-path.
+inline constexpr std::string_view NETCONF_PREFIX = "nc";
+
 std::span<const Module> modules();
 /// The module of that namespace, or null.
 const Module* find_module(std::string_view ns_uri);

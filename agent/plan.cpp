@@ -24,9 +24,10 @@ using ozk::Edit;
 using ozk::edit_of;
 using ozk::text;
 
-const ListKeys* keys_of(const Schema::Node& schema, const OzkMapNode& node)
+/// The keys of a list of the model of `root`; null for any other node.
+const ListKeys* keys_of(const ModelRoot& root, const Schema::Node& schema)
 {
-    return data::keys_of(list_keys(), node.ns_uri, schema.facts->path);
+    return data::keys_of(list_keys(), root.ns_uri, schema.facts->path);
 }
 
 /// Whether `tag` is one of the keys.
@@ -190,7 +191,7 @@ private:
     void plan_root(const ModelRoot& root, const OzkMapNode& node)
     {
         if (!root.is_clients) {
-            const OzkMapNode filter = plan_native(node, fmt::format("/{}", root.name));
+            const OzkMapNode filter = plan_native(root, node, fmt::format("/{}", root.name));
             add(plan_.filter, plan_.filter.top(), filter);
             return;
         }
@@ -210,7 +211,7 @@ private:
     }
 
     /// The filter of a node of a native model, which is read as it stands.
-    OzkMapNode plan_native(const OzkMapNode& node, const std::string& path)
+    OzkMapNode plan_native(const ModelRoot& root, const OzkMapNode& node, const std::string& path)
     {
         if ((node.marks & ozk::MARK_MATCHES_NONE) != 0)
             matches_none(node);
@@ -220,10 +221,11 @@ private:
             return node;
         OzkMapNode filter = bare(node);
         for (const OzkMapNode& child : children(node)) {
-            const OzkMapNode planned = plan_native(child, fmt::format("{}/{}", path, child.tag));
+            const OzkMapNode planned =
+                plan_native(root, child, fmt::format("{}/{}", path, child.tag));
             add(plan_.filter, filter, planned);
         }
-        if (const ListKeys* keys = data::keys_of(list_keys(), node.ns_uri, path))
+        if (const ListKeys* keys = data::keys_of(list_keys(), root.ns_uri, path))
             complete(plan_.filter, filter, *keys);
         return filter;
     }
@@ -304,7 +306,7 @@ private:
         if (schema->facts->kind == NodeKind::leaf)
             return plan_leaf(*schema, child, filter, asked);
 
-        const ListKeys* keys = keys_of(*schema, child);
+        const ListKeys* keys = keys_of(*root_, *schema);
         OzkMapNode own = bare(child), below = bare(child);
         if (child.value != nullptr) {
             notes_.add("bad-element", "holds no value, and selects nothing", child);
@@ -507,7 +509,7 @@ private:
         }
         if (child.value != nullptr)
             faults_.add("bad-element", "holds no value", child);
-        if (const ListKeys* keys = keys_of(schema, child))
+        if (const ListKeys* keys = keys_of(*root_, schema))
             require_keys(child, *keys);
         examine_children(schema, child);
     }

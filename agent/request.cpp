@@ -115,6 +115,7 @@ private:
     void take_content(OzkMapNode& content);
     void inherit_operations(OzkMapNode& node, ozk::Edit operation) const;
     void mark_matches(OzkMapNode& node) const;
+    void find_namespaces(OzkMapNode& filter);
 
     Request& request_;
     const RequestOptions& options_;
@@ -281,10 +282,11 @@ void EnvelopeReader::take_content(OzkMapNode& content)
     request_.content = &content;
     if (!request_.is_edit()) {
         const data::Document& document = request_.document;
-        if (document.attributes.empty() && !document.has_operations)
-            return; // most documents: data, for one
-        for (OzkMapNode& root : children(content))
-            mark_matches(root);
+        if (!document.attributes.empty() ||
+            document.has_operations) // few bare trees: data, for one
+            for (OzkMapNode& root : children(content))
+                mark_matches(root);
+        find_namespaces(content);
         return;
     }
     content.edit        = static_cast<uint8_t>(request_.default_operation);
@@ -331,6 +333,26 @@ void EnvelopeReader::mark_matches(OzkMapNode& node) const
         mark_matches(child);
 }
 
+/// RFC 6241, 6.2.1: a node without a namespace stands for one of any; of roots, which they are is
+/// known.
+void EnvelopeReader::find_namespaces(OzkMapNode& filter)
+{
+    const auto is_without = [](const OzkMapNode& root) { return text(root.ns_uri).empty(); };
+    if (std::ranges::none_of(children(filter), is_without))
+        return;
+    std::vector<OzkMapNode> roots;
+    for (const OzkMapNode& root : children(filter)) {
+        const size_t before = roots.size();
+        for (const ModelRoot& known : model_roots())
+            if (is_without(root) && text(root.tag) == known.name &&
+                (!known.is_state || request_.op_code == MAP_OP_GET))
+                roots.emplace_back(root).ns_uri = known.ns_uri;
+        if (roots.size() == before)
+            roots.push_back(root);
+    }
+    request_.document.tree.set_children(filter, roots);
+}
+
 } // namespace
 
 Error error_at(const char* tag, const std::string& message, const OzkMapNode& top,
@@ -347,6 +369,8 @@ Error error_at(const char* tag, const std::string& message, const OzkMapNode& to
 std::string error_path(data::InstancePaths& paths, const OzkMapNode& node)
 {
     return paths.of(node, [](const char* ns_uri) {
+        if (text(ns_uri) == NS_NETCONF)
+            return NETCONF_PREFIX;
         const Module* module = find_module(text(ns_uri));
         return module != nullptr ? std::string_view(module->prefix) : std::string_view();
     });

@@ -23,6 +23,8 @@ install(TARGETS ymap RUNTIME COMPONENT command)
 
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/yang/
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/yang/modules/ymap COMPONENT command)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.bash RENAME ymap

@@ -40,16 +40,16 @@ class Editor {
 public:
     Editor(Document& data, std::span<const ListKeys> lists) : data_(data), lists_(lists) {}
 
-    void edit(const OzkMapNode& edit, OzkMapNode& top)
+    void edit(const OzkMapNode& edit, OzkMapNode& top, bool only_tests)
     {
         try {
             edit_children(edit, top, nullptr, "");
         } catch (...) {
-            for (; !undo_.empty(); undo_.pop_back())
-                *undo_.back().node = undo_.back().before;
-            data_.indexes.clear();
+            take_back();
             throw;
         }
+        if (only_tests)
+            return take_back();
         for (const char* leaf : changed_leaves_)
             data_.indexes.values_changed(leaf);
     }
@@ -60,6 +60,15 @@ private:
         OzkMapNode* node;
         OzkMapNode before;
     };
+
+    void take_back()
+    {
+        if (undo_.empty())
+            return;
+        for (; !undo_.empty(); undo_.pop_back())
+            *undo_.back().node = undo_.back().before;
+        data_.indexes.clear();
+    }
 
     OzkMapNode& change(OzkMapNode& node)
     {
@@ -299,9 +308,9 @@ private:
 } // namespace
 
 void apply_edit(Document& data, OzkMapNode& top, const OzkMapNode& edit,
-                std::span<const ListKeys> lists)
+                std::span<const ListKeys> lists, bool only_tests)
 {
-    Editor(data, lists).edit(edit, top);
+    Editor(data, lists).edit(edit, top, only_tests);
 }
 
 } // namespace ymap::data

@@ -32,9 +32,9 @@ struct EditError : std::runtime_error {
 /// the nodes below to say more, and leaves a leaf as it is. An entry is told by its keys, which are
 /// edited by no operation of their own. What an edit names twice, it is refused for.
 ///
-/// Throws EditError; `data` is then as it was.
+/// Throws EditError; `data` is then as it was. So it is with `only_tests`, whatever comes of it.
 void apply_edit(Document& data, OzkMapNode& top, const OzkMapNode& edit,
-                std::span<const ListKeys> lists);
+                std::span<const ListKeys> lists, bool only_tests = false);
 
 } // namespace ymap::data
 

@@ -36,6 +36,7 @@ void add_table_command(CLI::App& app, Command& chosen);
 void add_replay_command(CLI::App& app, Command& chosen);
 void add_read_command(CLI::App& app, Command& chosen);
 void add_edit_command(CLI::App& app, Command& chosen);
+void add_serve_command(CLI::App& app, Command& chosen);
 
 } // namespace ymap::host
 

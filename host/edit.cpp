@@ -11,6 +11,7 @@
 
 #include "commands.h"
 #include "documents.h"
+#include "native_file.h"
 #include "options.h"
 #include "output.h"
 #include "reply.h"
@@ -29,23 +30,6 @@ struct EditVerbOptions {
     DiagnosticsOptions diagnostics;
     LibraryOptions library;
 };
-
-/// Prints a document as it came: what stood around its roots stands there again.
-void print_document(const OzkMapNode& top)
-{
-    formats::Output out(print);
-    const auto roots      = ozk::children(top);
-    const bool is_wrapped = top.tag != nullptr || roots.size() != 1;
-    const char* ns_uri    = is_wrapped ? data::NS_NETCONF : nullptr;
-    const char* wrapper   = top.tag != nullptr ? top.tag : "data";
-    if (is_wrapped)
-        out << fmt::format("<{} xmlns=\"{}\"{}>\n", wrapper, ns_uri, roots.empty() ? "/" : "");
-    for (const OzkMapNode& root : roots)
-        write_xml(out, root, ns_uri, formats::Layout::lines, is_wrapped ? 2 : 0);
-    if (is_wrapped && !roots.empty())
-        out << fmt::format("</{}>\n", wrapper);
-    out.flush();
-}
 
 int edit(const EditVerbOptions& options)
 {
@@ -72,7 +56,8 @@ int edit(const EditVerbOptions& options)
     } else if (!is_refused && request.test_only) {
         fmt::print(stderr, "{}: the edit would be carried out; test-only: no document\n", name);
     } else if (!is_refused && !is_broken) {
-        print_document(*native.top);
+        formats::Output out(print);
+        netconf::write_native(out, *native.top);
     }
     return is_refused || is_broken ? exit_walk_error : exit_mapped;
 }

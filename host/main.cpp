@@ -36,6 +36,7 @@ int main(int argc, char** argv)
     add_replay_command(app, chosen);
     add_read_command(app, chosen);
     add_edit_command(app, chosen);
+    add_serve_command(app, chosen);
 
     std::string footer;
     const std::vector<const CLI::App*> verbs =

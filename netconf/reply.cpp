@@ -131,10 +131,14 @@ void Reply::error(const agent::Error& error)
     element(inner, "error-tag", error.tag);
     element(inner, "error-severity", "error");
     std::string declarations;
+    const auto declare = [&](std::string_view prefix, std::string_view ns_uri) {
+        if (error.error_path.find(fmt::format("/{}:", prefix)) != std::string::npos ||
+            error.error_path.find(fmt::format("[{}:", prefix)) != std::string::npos)
+            declarations += fmt::format(" xmlns:{}=\"{}\"", prefix, ns_uri);
+    };
+    declare(agent::NETCONF_PREFIX, data::NS_NETCONF);
     for (const agent::Module& module : agent::modules())
-        if (error.error_path.find(fmt::format("/{}:", module.prefix)) != std::string::npos ||
-            error.error_path.find(fmt::format("[{}:", module.prefix)) != std::string::npos)
-            declarations += fmt::format(" xmlns:{}=\"{}\"", module.prefix, module.ns_uri);
+        declare(module.prefix, module.ns_uri);
     element(inner, "error-path", error.error_path, declarations);
     element(inner, "error-message", error.message, " xml:lang=\"en\"");
 

@@ -1,0 +1,222 @@
+// `ymap serve`: a NETCONF server on standard input and output, one session a process.
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <syslog.h>
+#include <unistd.h>
+
+#include "commands.h"
+#include "file_store.h"
+#include "options.h"
+#include "session.h"
+#include "text.h"
+
+namespace ymap::host {
+
+namespace {
+
+struct ServeOptions {
+    std::string running;
+    std::vector<std::string> state;
+    std::string unmapped = "refuse";
+    std::string log;
+    bool read_only       = false;
+    bool log_to_stderr   = false;
+    uint32_t depth_limit = formats::DEFAULT_DEPTH_LIMIT;
+    netconf::SessionOptions session;
+    LibraryOptions library;
+};
+
+/// Lines for the system's log; or, for whoever tries the server by hand, for standard error.
+class SystemLog {
+public:
+    explicit SystemLog(bool to_stderr) : to_stderr_(to_stderr)
+    {
+        openlog("ymap", LOG_PID, LOG_DAEMON);
+    }
+
+    void line(int priority, const std::string& text) const
+    {
+        const std::string clean = data::without_controls(text);
+        if (to_stderr_)
+            fmt::print(stderr, "{}\n", clean);
+        else
+            syslog(priority, "%s", clean.c_str());
+    }
+
+    /// A stream whose lines go to the log.
+    FILE* stream()
+    {
+        if (stream_ == nullptr) {
+            const cookie_io_functions_t functions{nullptr, take, nullptr, nullptr};
+            stream_ = fopencookie(this, "w", functions);
+            if (stream_ == nullptr)
+                throw std::bad_alloc();
+            setvbuf(stream_, nullptr, _IONBF, 0);
+        }
+        return stream_;
+    }
+    ~SystemLog()
+    {
+        if (stream_ != nullptr)
+            std::fclose(stream_);
+    }
+    SystemLog(const SystemLog&)            = delete;
+    SystemLog& operator=(const SystemLog&) = delete;
+
+private:
+    static ssize_t take(void* self, const char* bytes, size_t size)
+    {
+        auto& log = *static_cast<SystemLog*>(self);
+        log.begun_.append(bytes, size);
+        for (size_t end; (end = log.begun_.find('\n')) != std::string::npos;
+             log.begun_.erase(0, end + 1))
+            log.line(LOG_DEBUG, log.begun_.substr(0, end));
+        return static_cast<ssize_t>(size);
+    }
+
+    bool to_stderr_;
+    FILE* stream_ = nullptr;
+    std::string begun_; ///< of a line that hasn't ended
+};
+
+std::string environment(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+/// The modules that are served: those with a root, since others need a library that walks them.
+std::vector<netconf::SchemaModule> served_modules()
+{
+    std::vector<netconf::SchemaModule> served;
+    for (const agent::Module& module : agent::modules())
+        for (const agent::ModelRoot& root : agent::model_roots())
+            if (root.ns_uri == std::string_view(module.ns_uri)) {
+                served.push_back({module.name, module.revision, module.ns_uri});
+                break;
+            }
+    return served;
+}
+
+int serve(const ServeOptions& options, SystemLog& log)
+{
+    const auto log_line    = [&](const std::string& line) { log.line(LOG_INFO, line); };
+    const auto id          = static_cast<uint32_t>(getpid());
+    const std::string user = environment("USER"), peer = environment("SSH_CONNECTION");
+
+    netconf::FileStore store({.running     = options.running,
+                              .state       = options.state,
+                              .depth_limit = options.depth_limit,
+                              .read_only   = options.read_only});
+    std::optional<agent::MapLibrary> library;
+    const auto library_of = [&]() -> const agent::MapLibrary& {
+        if (!library)
+            library.emplace(load_library(options.library));
+        return *library;
+    };
+    agent::Hooks hooks;
+    if (!options.log.empty())
+        hooks.before_pass = [&](ozk::Run& run, const char*) {
+            run.set_log_stream(log.stream());
+            run.set_level(MAP_LOG_ERROR, true);
+            run.set_level(MAP_LOG_TRACE, options.log == "trace");
+        };
+    netconf::Server server(store, library_of,
+                           {.session_id     = id,
+                            .read_only      = options.read_only,
+                            .drops_unmapped = options.unmapped == "drop",
+                            .depth_limit    = options.depth_limit,
+                            .user           = user,
+                            .peer           = peer,
+                            .modules        = served_modules(),
+                            .hooks          = hooks},
+                           log_line);
+
+    log_line(fmt::format("session {}: begins: {} ({})", id, data::for_message(user),
+                         data::for_message(peer)));
+    const netconf::SessionEnd end = netconf::serve_session(server, options.session, [&] {
+        // While the client reads the hello; what is wrong is said again to whoever asks.
+        try {
+            library_of();
+            store.running();
+        } catch (const std::exception& error) {
+            log.line(LOG_ERR, fmt::format("session {}: {}", id, error.what()));
+        }
+    });
+    log.line(end.is_fault ? LOG_WARNING : LOG_INFO,
+             fmt::format("session {}: ends: {}", id, data::for_message(end.reason)));
+    return end.is_fault ? exit_walk_error : exit_mapped;
+}
+
+/// Whatever ends the verb is in the log as well: nobody sees a subsystem's standard error.
+int serve(const ServeOptions& options)
+{
+    SystemLog log(options.log_to_stderr);
+    try {
+        return serve(options, log);
+    } catch (const std::exception& error) {
+        if (!options.log_to_stderr)
+            log.line(LOG_ERR, data::for_message(error.what()));
+        throw;
+    }
+}
+
+} // namespace
+
+void add_serve_command(CLI::App& app, Command& chosen)
+{
+    auto options   = std::make_shared<ServeOptions>();
+    CLI::App* verb = app.add_subcommand("serve", "Serve a NETCONF session on standard input and "
+                                                 "output, as a subsystem of OpenSSH");
+    verb->add_option("--running", options->running,
+                     "Running configuration: native data in XML; edits replace the file")
+        ->required()
+        ->type_name("FILE");
+    verb->add_option("--state", options->state,
+                     "State data: native data in XML or JSON, read whenever it has changed")
+        ->type_name("FILE");
+    verb->add_option("--unmapped", options->unmapped,
+                     "What becomes of an edit that holds what the map doesn't carry out, such as "
+                     "'type': it is refused, or that is dropped and told in the log")
+        ->check(CLI::IsMember({"refuse", "drop"}))
+        ->capture_default_str();
+    verb->add_flag("--read-only", options->read_only, "Refuse all that changes or locks the data");
+    verb->add_option("--max-message", options->session.max_message, "Bytes that a message may have")
+        ->check(CLI::Range(size_t{1} << 10, size_t{1} << 30))
+        ->capture_default_str();
+    verb->add_option("--idle-timeout", options->session.idle_time,
+                     "Seconds between two messages after which a session ends; 0 is never")
+        ->check(CLI::Range(0, 1'000'000))
+        ->capture_default_str();
+    verb->add_option("--frame-timeout", options->session.frame_time,
+                     "Seconds that a client may be silent within a message")
+        ->check(CLI::Range(1, 1'000'000))
+        ->capture_default_str();
+    verb->add_option("--hello-timeout", options->session.hello_time,
+                     "Seconds that a client has for its hello")
+        ->check(CLI::Range(1, 1'000'000))
+        ->capture_default_str();
+    verb->add_option("--write-timeout", options->session.write_time,
+                     "Seconds that a client may take nothing of an answer")
+        ->check(CLI::Range(1, 1'000'000))
+        ->capture_default_str();
+    verb->add_option("--log", options->log, "Write the map's own log too, up to this level")
+        ->check(CLI::IsMember({"error", "trace"}));
+    verb->add_flag("--log-to-stderr", options->log_to_stderr,
+                   "Write the log to standard error in place of the system's log");
+    add_depth_limit_option(*verb, options->depth_limit);
+    add_library_options(*verb, options->library);
+    verb->footer("Example: ymap serve --running native-configuration.xml --state "
+                 "native-operational.xml");
+    verb->callback([options, &chosen] { chosen = [options] { return serve(*options); }; });
+}
+
+} // namespace ymap::host
