@@ -118,7 +118,7 @@ bool Filter::Level::read(const OzkMapNode& filter, Draft& draft)
     bool matches = false;
     for (const OzkMapNode& child : children(filter)) {
         if (!has_value(child)) {
-            selects = true;
+            selects |= (child.marks & ozk::MARK_COMPLETES) == 0;
         } else if ((child.marks & ozk::MARK_MATCHES_NONE) != 0) {
             return false;
         } else {
