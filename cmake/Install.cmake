@@ -1,5 +1,5 @@
 # What `cmake --install` puts where, in three components: `library` for a process that loads the map
-# library, `development` for who builds against it or writes map libraries, `command` for ymap(1).
+# library, `development` for whoever builds against it or writes map libraries, `command` for ymap(1).
 
 include(CMakePackageConfigHelpers)
 

@@ -79,7 +79,7 @@ uint32_t XmlReader::line() const
     return parser_->input != nullptr ? static_cast<uint32_t>(parser_->input->line) : 0;
 }
 
-/// The parser stands behind the attributes of the tag, which may be lines further down.
+/// The parser stands after the attributes of the tag, which may be lines further down.
 uint32_t XmlReader::line_of_start_tag() const
 {
     uint32_t result     = line();
@@ -187,7 +187,7 @@ void XmlReader::on_event(void* self, Event event)
     }
 }
 
-/// The parser's event functions, each of which finds its reader behind `self`.
+/// The parser's event functions, each of which finds its reader by `self`.
 xmlSAXHandler XmlReader::events()
 {
     xmlSAXHandler events{};

@@ -207,7 +207,7 @@ std::string about(const ExploredNode& node)
 /// Columns that the tree may take.
 constexpr size_t terminal_width = 80;
 
-/// Prints what a node maps to, below the node: broken behind slashes and blanks.
+/// Prints what a node maps to, below the node: broken after slashes and blanks.
 void print_below(const std::string& text, size_t indent)
 {
     std::string_view rest = text;
