@@ -60,6 +60,12 @@ const Schema::Node* Schema::child(const Node& node, const char* tag) const
     return known.child;
 }
 
+bool is_mapped(const data::ExploredNode& node)
+{
+    return std::ranges::any_of(node.outcomes,
+                               [](const data::Outcome& outcome) { return !outcome.paths.empty(); });
+}
+
 MapLibrary::MapLibrary(std::string library, const std::string& siblings) : path_(std::move(library))
 {
     // Global, and before the map library, which looks its siblings up in the process.

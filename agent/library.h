@@ -46,6 +46,9 @@ private:
     mutable std::vector<Known> known_;
 };
 
+/// Whether the map library adds a path for the node, on any query.
+bool is_mapped(const data::ExploredNode& node);
+
 /// A shared object that can't be loaded. Its text is a line for a person.
 struct LoadError : std::runtime_error {
     using std::runtime_error::runtime_error;

@@ -265,7 +265,7 @@ void EnvelopeReader::read_edit(OzkMapNode& operation)
     request_.default_operation = ozk::edit_from_name(operation_name).value_or(ozk::Edit::none);
     request_.test_only = choice(test_option, {"test-then-set", "set", "test-only"}) == "test-only";
     // An edit is carried out as a whole or not at all, so that there is nothing to stop or to roll
-    // back; but to go on behind an error would be another thing.
+    // back; but to go on after an error would be another thing.
     if (choice(error_option, {"stop-on-error", "rollback-on-error", "continue-on-error"}) ==
         "continue-on-error")
         fail("operation-not-supported", "error-option 'continue-on-error' is not supported",

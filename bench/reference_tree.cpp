@@ -119,7 +119,7 @@ std::string counter(uint32_t i, uint32_t which)
     return std::to_string(mixed % 1000000000000000 >> which % 48);
 }
 
-/// Requests on /interfaces: what stands in each entry behind the key.
+/// Requests on /interfaces: what stands in each entry after the key.
 ozk::Tree configuration_request(uint32_t interfaces, uint32_t first, ozk::Edit edit,
                                 bool with_leaves, bool with_values)
 {

@@ -396,7 +396,7 @@ def line_panel(walks, left, top, right, bottom):
     for size in SIZES:
         out.append(text(x_of(size), bottom + 20, f"{size:,}", "middle"))
 
-    # Labels stand behind the ends of the lines, pushed apart where they would meet.
+    # Labels stand after the ends of the lines, pushed apart where they would meet.
     ends = sorted((y_of(costs[name, logs][-1]), label, colour)
                   for name, logs, label, colour in LINES)
     free = top

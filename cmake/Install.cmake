@@ -1,5 +1,5 @@
 # What `cmake --install` puts where, in three components: `library` for a process that loads the map
-# library, `development` for who builds against it or writes map libraries, `command` for ymap(1).
+# library, `development` for whoever builds against it or writes map libraries, `command` for ymap(1).
 
 include(CMakePackageConfigHelpers)
 
@@ -23,6 +23,8 @@ install(TARGETS ymap RUNTIME COMPONENT command)
 
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/yang/
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/yang/modules/ymap COMPONENT command)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.bash RENAME ymap

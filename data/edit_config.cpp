@@ -100,7 +100,7 @@ private:
 
     using Identities = std::unordered_set<std::string>;
 
-    /// What the children of a node of the edit are; each has to be another.
+    /// What the children of a node of the edit are called: no two may be the same.
     Identities name_children(const OzkMapNode& edit, const std::string& path)
     {
         Identities named;
@@ -126,7 +126,7 @@ private:
             }
     }
 
-    /// What tells a node from its brothers: tag, namespace and, of an entry, its keys.
+    /// What tells a node from its siblings: tag, namespace and, of an entry, its keys.
     static std::string identity_of(const OzkMapNode& node, const ListKeys* keys)
     {
         std::string identity(text(node.tag));
@@ -139,7 +139,7 @@ private:
     }
 
     /// The keys of the list that `child` of a node at `path` is an entry of, or null. Most children
-    /// are brothers of the one before.
+    /// are siblings of the one before.
     const ListKeys* keys_below(const std::string& path, const OzkMapNode& child)
     {
         const std::string_view tag = text(child.tag);

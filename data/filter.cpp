@@ -118,7 +118,7 @@ bool Filter::Level::read(const OzkMapNode& filter, Draft& draft)
     bool matches = false;
     for (const OzkMapNode& child : children(filter)) {
         if (!has_value(child)) {
-            selects = true;
+            selects |= (child.marks & ozk::MARK_COMPLETES) == 0;
         } else if ((child.marks & ozk::MARK_MATCHES_NONE) != 0) {
             return false;
         } else {
@@ -294,9 +294,9 @@ private:
         for (const OzkMapNode& leaf : children(child)) {
             if (!has_value(leaf))
                 continue;
-            const auto [begin, behind] =
+            const auto [begin_matches, end_matches] =
                 level.by_match.equal_range({tag, text(leaf.tag), trim(leaf.value)});
-            for (auto each = begin; each != behind; ++each)
+            for (auto each = begin_matches; each != end_matches; ++each)
                 if (each->second->stands_for(child) &&
                     std::find(found.begin() + static_cast<ptrdiff_t>(first), found.end(),
                               each->second) == found.end())

@@ -65,11 +65,11 @@ const OzkMapNode* InstancePaths::parent_of(const OzkMapNode& node)
     if (families_.empty())
         learn();
     const std::less<> before;
-    const auto behind = std::ranges::upper_bound(
+    const auto after = std::ranges::upper_bound(
         families_, &node, before, [](const Family& family) { return family.children.data(); });
-    if (behind == families_.begin())
+    if (after == families_.begin())
         return nullptr;
-    const Family& family = *std::prev(behind);
+    const Family& family = *std::prev(after);
     return before(&node, family.children.data() + family.children.size()) ? family.parent : nullptr;
 }
 

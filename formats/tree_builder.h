@@ -58,7 +58,7 @@ private:
     }
 
     Document& document_;
-    /// The children of an open node are all that stand behind it.
+    /// The children of an open node are all that stand after it.
     std::vector<OzkMapNode> nodes_;
     std::vector<size_t> open_; ///< places in nodes_
     std::vector<std::pair<size_t, std::vector<data::Attribute>>>

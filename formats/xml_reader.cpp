@@ -27,16 +27,6 @@ std::string_view view(const xmlChar* text)
     return ozk::text(reinterpret_cast<const char*>(text));
 }
 
-/// The parser leaves an ampersand in a value as a reference, for another pass that isn't made here.
-std::string attribute_value(const xmlChar* begin, const xmlChar* end)
-{
-    constexpr std::string_view ampersand = "&#38;";
-    std::string value(reinterpret_cast<const char*>(begin), static_cast<size_t>(end - begin));
-    for (size_t at = 0; (at = value.find(ampersand, at)) != value.npos; ++at)
-        value.erase(at + 1, ampersand.size() - 1);
-    return value;
-}
-
 class XmlReader {
 public:
     XmlReader(Document& document, const Source& source, const ReadOptions& options)
@@ -89,7 +79,7 @@ uint32_t XmlReader::line() const
     return parser_->input != nullptr ? static_cast<uint32_t>(parser_->input->line) : 0;
 }
 
-/// The parser stands behind the attributes of the tag, which may be lines further down.
+/// The parser stands after the attributes of the tag, which may be lines further down.
 uint32_t XmlReader::line_of_start_tag() const
 {
     uint32_t result     = line();
@@ -151,8 +141,9 @@ void XmlReader::read_attributes(int declaration_count, const xmlChar** declarati
         attributes.push_back(
             {"xmlns", std::string(view(declarations[0])), "", std::string(view(declarations[1]))});
     for (int i = 0; i < count; ++i, fields += 5) { // name, prefix, URI, value and its end
-        const std::string value = attribute_value(fields[3], fields[4]);
-        const auto edit         = ozk::edit_from_name(value);
+        const std::string_view value(reinterpret_cast<const char*>(fields[3]),
+                                     static_cast<size_t>(fields[4] - fields[3]));
+        const auto edit = ozk::edit_from_name(value);
         if (edit && options_.takes_operations && view(fields[0]) == "operation" &&
             view(fields[2]) == data::NS_NETCONF) {
             OzkMapNode& node         = builder_.opened();
@@ -161,7 +152,7 @@ void XmlReader::read_attributes(int declaration_count, const xmlChar** declarati
             document_.has_operations = true;
         } else {
             attributes.push_back({std::string(view(fields[1])), std::string(view(fields[0])),
-                                  std::string(view(fields[2])), value});
+                                  std::string(view(fields[2])), std::string(value)});
         }
     }
     if (!attributes.empty())
@@ -196,7 +187,7 @@ void XmlReader::on_event(void* self, Event event)
     }
 }
 
-/// The parser's event functions, each of which finds its reader behind `self`.
+/// The parser's event functions, each of which finds its reader by `self`.
 xmlSAXHandler XmlReader::events()
 {
     xmlSAXHandler events{};

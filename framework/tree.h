@@ -87,7 +87,7 @@ public:
     OzkMapNode& top();
     const OzkMapNode& top() const;
 
-    /// A child of `parent` behind the others, without a tag so far; it inherits the edit operation
+    /// A child of `parent` after the others, without a tag so far; it inherits the edit operation
     /// that `parent` has by now. The reference holds until the next one is appended to `parent`.
     OzkMapNode& append(OzkMapNode& parent);
     /// The same with a tag and a namespace, which are kept as they are.

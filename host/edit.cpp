@@ -81,8 +81,8 @@ void add_edit_command(CLI::App& app, Command& chosen)
         ->required()
         ->type_name("NATIVE");
     verb->add_option("--unmapped", options->unmapped,
-                     "What becomes of an edit that holds what the map doesn't carry out, such as "
-                     "'type': it is refused, or that is dropped and told on standard error")
+                     "What to do with an edit that holds something the map doesn't carry out, such "
+                     "as 'type': refuse it, or drop that and say so on standard error")
         ->check(CLI::IsMember({"refuse", "drop"}))
         ->capture_default_str();
     verb->add_flag("--reply", options->reply,

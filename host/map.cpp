@@ -151,17 +151,17 @@ void add_map_command(CLI::App& app, Command& chosen)
     CLI::App* verb = app.add_subcommand("map", "Map documents and print the paths that come of it");
     verb->add_option("DOCUMENT", options->documents,
                      "NETCONF <rpc> with <get>, <get-config> or <edit-config>, or a bare data "
-                     "tree; - is standard input. What of a request the map doesn't carry out is a "
-                     "line each on standard error")
+                     "tree; - is standard input. Whatever of a request the map doesn't carry out "
+                     "is told on standard error, a line each")
         ->required()
         ->type_name("");
-    verb->add_option("--op", options->op, "Operation on bare data trees")
+    verb->add_option("--op", options->op, "Operation for which bare data trees are mapped")
         ->check(CLI::IsMember(operation_codes));
     verb->add_option("--format", options->format, "Form of the output")
         ->check(CLI::IsMember({"table", "xml", "json"}))
         ->capture_default_str();
     verb->add_flag("--keep-going", options->keep_going,
-                   "Go on after a document that can't be read; the exit status is 2 all the same");
+                   "Go on after a document that can't be read; the exit status is still 2");
     add_diagnostics_options(*verb, options->diagnostics,
                             "Print every call of the framework, ahead of the paths (with xml: on "
                             "standard error)");

@@ -102,7 +102,8 @@ void add_read_command(CLI::App& app, Command& chosen)
                                                 "and print the reply");
     verb->add_option("REQUEST", options->request,
                      "NETCONF <rpc> with <get> or <get-config>, or a bare data tree as a filter; - "
-                     "is standard input. What nobody serves is a line each on standard error")
+                     "is standard input. Whatever nobody serves is told on standard error, a line "
+                     "each")
         ->required()
         ->type_name("");
     verb->add_option(
@@ -111,7 +112,7 @@ void add_read_command(CLI::App& app, Command& chosen)
             "<rpc-reply>; several may have the same root")
         ->required()
         ->type_name("NATIVE");
-    verb->add_option("--op", options->op, "Operation of a bare data tree")
+    verb->add_option("--op", options->op, "Operation for which a bare data tree is read")
         ->check(CLI::IsMember(read_codes))
         ->capture_default_str();
     verb->add_option("--format", options->format,

@@ -61,7 +61,7 @@ std::vector<Marked> compare(std::span<const std::string> a, std::span<const std:
         return result;
     }
     const size_t width = b.size() + 1;
-    std::vector<uint32_t> common((a.size() + 1) * width); // of what lies behind i in a, j in b
+    std::vector<uint32_t> common((a.size() + 1) * width); // of what lies after i in a, j in b
     for (size_t i = a.size(); i-- > 0;)
         for (size_t j = b.size(); j-- > 0;)
             common[i * width + j] =
@@ -199,7 +199,7 @@ void add_replay_command(CLI::App& app, Command& chosen)
         ->type_name("");
     verb->add_flag("--update", options->update, "Write what comes out now to cases that differ");
     add_library_option(*verb, options->library);
-    verb->footer("Example: ymap replay tests/cases/*.json");
+    verb->footer("Example: ymap replay tests/transcripts/cases/*.json");
     verb->callback([options, &chosen] { chosen = [options] { return replay(*options); }; });
 }
 

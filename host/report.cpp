@@ -17,7 +17,7 @@ namespace {
 /// A line about a place in a document.
 void print_line(const std::string& document, uint32_t line, const std::string& text)
 {
-    std::fflush(stdout); // so that reports stand behind what they are about
+    std::fflush(stdout); // so that reports follow what they are about
     fmt::print(stderr, "{}{}: {}\n", document, line != 0 ? fmt::format(":{}", line) : "",
                data::for_message(text));
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <memory>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,13 +18,16 @@
 #include "commands.h"
 #include "explore.h"
 #include "options.h"
+#include "picture.h"
 #include "report.h"
 #include "text.h"
+#include "yang.h"
 
 namespace ymap::host {
 
 namespace {
 
+using agent::is_mapped;
 using agent::prefix_of;
 using data::ExploredNode;
 
@@ -157,12 +161,6 @@ std::string written(const ExploredNode& node)
     return text + (node.hook_by_hand ? ", augment hook by hand" : "");
 }
 
-bool is_mapped(const ExploredNode& node)
-{
-    return std::ranges::any_of(node.outcomes,
-                               [](const data::Outcome& outcome) { return !outcome.paths.empty(); });
-}
-
 // ---------------------------------------------------------------------------------------------
 // Formats
 
@@ -209,7 +207,7 @@ std::string about(const ExploredNode& node)
 /// Columns that the tree may take.
 constexpr size_t terminal_width = 80;
 
-/// Prints what a node maps to, below the node: broken behind slashes and blanks.
+/// Prints what a node maps to, below the node: broken after slashes and blanks.
 void print_below(const std::string& text, size_t indent)
 {
     std::string_view rest = text;
@@ -283,6 +281,9 @@ void print_csv(const std::vector<Section>& sections)
 
 constexpr char markdown_head[] = R"(# The mapping table
 
+![Nodes of ietf-interfaces on the left, native ones on the right, and a line for each that
+maps](mapping.svg)
+
 What the map library makes of each node of its schema. The command `ymap table --format markdown`
 has made this file by asking the built library: it offers each walker a node of an unknown tag, sees
 which tags the walker compares it with, goes on below each of them, and looks at what the library
@@ -336,9 +337,40 @@ bool is_below(std::string_view path, std::string_view prefix)
     return path.starts_with(prefix) && (path.size() == prefix.size() || path[prefix.size()] == '/');
 }
 
+/// Prints the picture, or the one YANG module that was asked for: each is whole or nothing.
+void print_whole(const TableOptions& options, const agent::MapLibrary& library)
+{
+    if (!options.path.empty() || options.mapped)
+        throw CLI::ValidationError(
+            fmt::format("--format {} takes no path and no --mapped", options.format));
+    if (options.format == "dot") {
+        if (!options.model.empty())
+            throw CLI::ValidationError("--format dot draws the whole map: it takes no --model");
+        print(picture_of(library));
+        return;
+    }
+    std::vector<std::string_view> prefixes; // of the models that could be asked for
+    std::vector<std::string> texts;
+    for (const agent::YangModule& module : agent::yang_modules()) {
+        if (module.deviates() != (options.format == "deviations"))
+            continue;
+        prefixes.emplace_back(module.model->prefix);
+        if (options.model.empty() || options.model == prefixes.back())
+            texts.push_back(yang_text(module, library));
+    }
+    if (texts.size() != 1)
+        throw CLI::ValidationError(fmt::format("--format {} prints one module: give --model {}",
+                                               options.format, fmt::join(prefixes, " or ")));
+    print(texts.front());
+}
+
 int print_table(const TableOptions& options)
 {
     const agent::MapLibrary library = load_library(options.library);
+    if (options.format == "dot" || options.format == "deviations" || options.format == "yang") {
+        print_whole(options, library);
+        return exit_mapped;
+    }
     std::vector<Section> sections;
     size_t known = 0;
     for (const agent::ModelRoot& root : agent::model_roots()) {
@@ -386,9 +418,10 @@ void add_table_command(CLI::App& app, Command& chosen)
         ->check(CLI::IsMember(models));
     verb->add_option(
             "--format", options->format,
-            "Form of the output: a tree that fits a terminal, a table with all there is to "
-            "tell, or one for other programs")
-        ->check(CLI::IsMember({"tree", "text", "markdown", "csv"}))
+            "Form of the output: a tree that fits a terminal; a table with all there is to tell, "
+            "or one for other programs; the map as a picture, for Graphviz; what clients are told: "
+            "the YANG module of deviations, or that of one native --model")
+        ->check(CLI::IsMember({"tree", "text", "markdown", "csv", "dot", "deviations", "yang"}))
         ->capture_default_str();
     verb->add_flag("--mapped", options->mapped, "Only nodes that map to a path");
     add_library_option(*verb, options->library);

@@ -17,7 +17,7 @@ const OzkMapNode* poison()
 
 } // namespace
 
-/// Reads zeroes behind its end, which mean a plain case without children.
+/// Reads zeroes after its end, which mean a plain case without children.
 class CheckedCase::Bytes {
 public:
     explicit Bytes(std::span<const uint8_t> bytes) : rest_(bytes) {}

@@ -19,6 +19,8 @@ echo "ymap: the installed command"
 (cd "$prefix/share/doc/ymap/examples" &&
     env -u LD_LIBRARY_PATH "$prefix/bin/ymap" map edit-description.xml --format xml) |
     grep -q '<description>'
+env -u LD_LIBRARY_PATH "$prefix/bin/ymap" table --format deviations |
+    cmp - "$prefix/share/yang/modules/ymap/ymap-ietf-interfaces-deviations.yang"
 
 # The undefined-behaviour sanitizer names the source of each of its checks.
 if [[ ${CXXFLAGS:-} != *-fsanitize=* ]]; then

@@ -18,8 +18,7 @@ struct Walked {
     std::string offending_tag = "-";
     /// What is wrong with it, a line each:
     ///   - a promise that holds for any walk is broken: the hierarchy is balanced; a pointer that
-    ///   is
-    ///     handed on is one of the input's or of the library's constants; a value is the very
+    ///     is handed on is one of the input's or of the library's constants; a value is the very
     ///     pointer of a node's, or "act"; the offending tag is a copy of a tag of the tree, or
     ///     untouched; the status is one of the library's or of the framework's answers; operational
     ///     data is added on MAP_OP_GET only; of context, request and tree nothing but that tag and

@@ -59,14 +59,13 @@ on_root()
 on_root --install "$@"
 
 echo "package: run"
-examples=/usr/share/doc/ymap/examples
 # The mount is gone with the process that made it.
 mkdir "$root/proc"
 # shellcheck disable=SC2016 # expanded by the inner shell
-unshare --mount sh -c 'mount --rbind /proc "$0/proc" && exec chroot "$0" "$@"' \
-    "$root" /usr/bin/ymap map "$examples/edit-description.xml" |
-    diff - <(sed -n '/^--- standard output$/,/^--- standard error$/p' \
-        "$here/golden/edit-description.txt" | sed '1d;$d')
+unshare --mount sh -c 'mount --rbind /proc "$0/proc" && exec chroot "$0" "$@"' "$root" \
+    /usr/bin/ymap map --format xml /usr/share/doc/ymap/examples/edit-description.xml |
+    diff <(sed '1,/^\$ ymap map --format xml examples\/edit-description.xml$/d; /^\$/,$d' \
+        "$here/transcripts/map.txt") -
 "$here/consumer/check" "$root/usr" "$work"
 
 echo "package: remove"

@@ -119,6 +119,15 @@ const std::vector<Model>& models()
     return all;
 }
 
+size_t node_count()
+{
+    size_t count = 0;
+    for (const Model& model : models())
+        for (const Node& root : model.roots)
+            for_each(root, [&](const Node&) { ++count; });
+    return count;
+}
+
 const Node& find(const Model& model, const std::string& path)
 {
     if (const Node* node = search(model.roots, path))

@@ -37,7 +37,6 @@ TEST(Symbols, ExportedTableIsWhatTheNamingRuleGives)
 {
     std::map<std::string, Symbol> table = symbols();
     std::erase_if(table, [](const auto& each) { return each.second.type == 'U'; });
-    EXPECT_EQ(table.size(), schema::name_count);
 
     std::set<std::string> expected;
     const auto one = [&](const std::string& name, char type) {

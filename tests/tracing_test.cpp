@@ -132,7 +132,7 @@ TEST(Tracing, PlacesOfLogPoints)
         each_function(root, walked.input.node);
         each_function(root, nullptr);
     }
-    EXPECT_GT(places.place_of_word.size(), 3 * schema::node_count);
+    EXPECT_GT(places.place_of_word.size(), 3 * schema::node_count());
 }
 
 // A hand-written function gives each log point a source line of its own, so that a trace tells the

@@ -10,9 +10,9 @@ A transcript is a text file of runs, one after the other:
     ! a line of standard error
     [exit 1]
 
-Bash runs each line behind a $ in the top folder of the sources; one that ends in a backslash goes
-on. $TMP is a folder that the runs of a file share and that goes away behind them; functions of the
-shell that a run writes to $TMP/functions are there for those behind it. The exit status isn't
+Bash runs each line after a $ in the top folder of the sources; one that ends in a backslash goes
+on. $TMP is a folder that the runs of a file share and that goes away after them; functions of the
+shell that a run writes to $TMP/functions are there for those after it. The exit status isn't
 written where it is 0. "[...]" alone on a line stands for any lines. Blank lines part runs.
 
 What a reader couldn't see is shown: control characters by their pictures (U+2400 to U+2426), a
@@ -57,7 +57,7 @@ class Run:
 
 
 def parse(text, indent=""):
-    """The runs of a file, and what stands behind the last. With an indent, of a page."""
+    """The runs of a file, and what follows the last. With an indent, of a page."""
     runs, lead, run = [], "", None
     lines = text.split("\n")[:-1]
     while lines:
@@ -166,9 +166,10 @@ def main():
     for report in sum(reports, []):
         print(report + "\n")
     differing = len(sum(reports, []))
-    print(f"transcripts: {sum(counts)} runs, "
-          f"{differing} {'updated' if arguments.update else 'differ'}")
-    return 1 if differing or not sum(counts) else 0
+    outcome = "updated" if arguments.update else "differ"
+    print(f"transcripts: {sum(counts)} runs, {differing} {outcome}"
+          f"{' (- expected, + now)' if differing else ''}")
+    return 1 if differing and not arguments.update or not sum(counts) else 0
 
 
 if __name__ == "__main__":

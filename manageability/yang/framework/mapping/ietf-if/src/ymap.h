@@ -28,7 +28,7 @@
 // Codes
 
 /// Operation code of the running request. Any other value behaves as an operation that does not
-/// read; only these three are ever compared with.
+/// read: a map library looks for these three only.
 enum : uint32_t {
     MAP_OP_GET_CONFIG = 0,  ///< read of configuration data (RFC 6241, 7.1)
     MAP_OP_EDIT       = 1,  ///< edit of configuration data (RFC 6241, 7.2)
@@ -150,7 +150,7 @@ struct OzkMapNode {
     // The framework's own.
     uint8_t edit;             ///< edit operation that holds for the node, inherited or its own
     uint8_t edit_is_own;      ///< not 0 when the operation stands on this very node
-    uint8_t marks;            ///< single bits for who works on the tree
+    uint8_t marks;            ///< single bits for whoever works on the tree
     uint32_t line;            ///< line of the document that the node comes from, 0 if unknown
     uint32_t capacity;        ///< records that `subtrees` has room for
     const OzkMapNode* origin; ///< the node of another tree that this one stands for, or null

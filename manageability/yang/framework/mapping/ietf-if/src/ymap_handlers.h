@@ -154,7 +154,7 @@ consteval unsigned kind_of(std::string_view name)
 // Shapes of both directions
 
 /// The shape of a function that does `work` within the frame: a function of context, node and tree,
-/// and behind them of what the row gives. A container's count of children isn't asked for.
+/// and after them of what the row gives. A container's count of children isn't asked for.
 template <auto work, unsigned row_kinds>
 struct InFrame;
 

@@ -1,5 +1,5 @@
-// The root walkers that the library exports to the agent, for who links it. Who loads it finds them
-// under the same names.
+// The root walkers that the library exports to the agent, for whoever links it. Whoever loads it
+// finds them under the same names.
 //
 // The root's own tag and namespace are not looked at: choose the walker by both.
 
