@@ -18,6 +18,14 @@ bool is_named(const xmlNode* node, const char* name)
            std::strcmp(reinterpret_cast<const char*>(node->name), name) == 0;
 }
 
+template <class Function>
+void for_each_named(const xmlNode* parent, const char* name, Function function)
+{
+    for (const xmlNode* child = parent->children; child != nullptr; child = child->next)
+        if (is_named(child, name))
+            function(child);
+}
+
 xmlNodePtr add_container(xmlNodePtr parent, const char* name)
 {
     return xmlNewChild(parent, parent->ns, reinterpret_cast<const xmlChar*>(name), nullptr);
@@ -42,62 +50,47 @@ constexpr std::pair<const char*, const char*> full_counters[] = {
     {"input-ignored-packets", "in-discards"},
 };
 
-void map_full_statistics(const xmlNode* full, xmlNodePtr statistics)
+void map_statistics(const xmlNode* native, xmlNodePtr statistics)
 {
-    for (const xmlNode* leaf = full->children; leaf != nullptr; leaf = leaf->next)
-        for (const auto& [native, ietf] : full_counters)
-            if (is_named(leaf, native)) {
-                add_leaf(statistics, ietf, leaf);
-                break;
-            }
-}
-
-void map_statistics(const xmlNode* native, xmlNodePtr interface)
-{
-    xmlNodePtr statistics = add_container(interface, "statistics");
-    for (const xmlNode* child = native->children; child != nullptr; child = child->next) {
+    for (const xmlNode* child = native->children; child != nullptr; child = child->next)
         if (is_named(child, "full-interface-stats")) {
-            map_full_statistics(child, statistics);
-        } else if (is_named(child, "basic-interface-stats")) {
             for (const xmlNode* leaf = child->children; leaf != nullptr; leaf = leaf->next)
-                if (is_named(leaf, "output-errors"))
-                    add_leaf(statistics, "out-errors", leaf);
+                for (const auto& [name, ietf] : full_counters)
+                    if (is_named(leaf, name)) {
+                        add_leaf(statistics, ietf, leaf);
+                        break;
+                    }
+        } else if (is_named(child, "basic-interface-stats")) {
+            for_each_named(child, "output-errors",
+                           [&](const xmlNode* leaf) { add_leaf(statistics, "out-errors", leaf); });
         }
-    }
 }
 
-void map_interface(const xmlNode* native, xmlNodePtr state)
+void map_interface(const xmlNode* native, xmlNodePtr interface)
 {
-    xmlNodePtr interface = add_container(state, "interface");
-    for (const xmlNode* child = native->children; child != nullptr; child = child->next) {
-        if (is_named(child, "interface-name")) {
+    for (const xmlNode* child = native->children; child != nullptr; child = child->next)
+        if (is_named(child, "interface-name"))
             add_leaf(interface, "name", child);
-        } else if (is_named(child, "mac-address")) {
-            for (const xmlNode* leaf = child->children; leaf != nullptr; leaf = leaf->next)
-                if (is_named(leaf, "address"))
-                    add_leaf(interface, "phys-address", leaf);
-        } else if (is_named(child, "interface-statistics")) {
-            map_statistics(child, interface);
-        }
-    }
+        else if (is_named(child, "mac-address"))
+            for_each_named(child, "address",
+                           [&](const xmlNode* leaf) { add_leaf(interface, "phys-address", leaf); });
+        else if (is_named(child, "interface-statistics"))
+            map_statistics(child, add_container(interface, "statistics"));
 }
 
 } // namespace
 
 xmlDocPtr map_by_hand(const xmlDoc* native)
 {
-    const xmlNode* root = xmlDocGetRootElement(native);
-    if (root == nullptr || !is_named(root, "interfaces"))
-        return nullptr;
     xmlDocPtr result = xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0"));
     xmlNodePtr state = xmlNewNode(nullptr, reinterpret_cast<const xmlChar*>("interfaces-state"));
     xmlSetNs(state, xmlNewNs(state, reinterpret_cast<const xmlChar*>(NS_IETF_INTERFACES), nullptr));
     xmlDocSetRootElement(result, state);
-    for (const xmlNode* list = root->children; list != nullptr; list = list->next)
-        if (is_named(list, "interface-nq"))
-            for (const xmlNode* entry = list->children; entry != nullptr; entry = entry->next)
-                if (is_named(entry, "interface"))
-                    map_interface(entry, state);
+    for_each_named(xmlDocGetRootElement(native), "interface-nq", [&](const xmlNode* list) {
+        for_each_named(list, "interface", [&](const xmlNode* entry) {
+            map_interface(entry, add_container(state, "interface"));
+        });
+    });
     return result;
 }
 

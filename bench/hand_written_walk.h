@@ -8,8 +8,8 @@
 
 namespace bench {
 
-/// Makes /interfaces-state out of the native operational data in `native`. Null if the document has
-/// another root. The caller frees the result with xmlFreeDoc.
+/// Makes /interfaces-state out of native operational data, a document with a root element. The
+/// caller frees the result with xmlFreeDoc.
 xmlDocPtr map_by_hand(const xmlDoc* native);
 
 } // namespace bench

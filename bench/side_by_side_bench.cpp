@@ -3,19 +3,11 @@
 // which is checked before anything is measured.
 // usage: side_by_side_bench DOCUMENT [benchmark options]
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include <benchmark/benchmark.h>
 #include <libxml/parser.h>
@@ -54,19 +46,17 @@ std::string_view view(const xmlChar* text)
 
 /// What all sides start from: the tree in memory that each of them reads.
 struct Inputs {
-    const char* path;
     ymap::data::Document native;
     XmlDocument parsed;
     Stylesheet stylesheet;
 
     const OzkMapNode& root() const { return bench::root_of(native.tree); }
-    uint32_t interfaces() const { return root().subtrees[0].subtree_count; }
 };
 
 Inputs read_inputs(const char* path)
 {
     Inputs inputs{
-        path, ymap::formats::read_xml(path, ymap::formats::bytes_of_file(path), {}),
+        ymap::formats::read_xml(path, ymap::formats::bytes_of_file(path), {}),
         XmlDocument(xmlReadFile(path, nullptr, XML_PARSE_NONET)),
         Stylesheet(xsltParseStylesheetFile(reinterpret_cast<const xmlChar*>(BENCH_STYLESHEET)))};
     if (!inputs.parsed || !inputs.stylesheet)
@@ -144,54 +134,6 @@ void check_results(const Inputs& inputs)
         stop("the stylesheet gives another result than the library");
 }
 
-/// Measures a mapping step; its result is freed beside the clock.
-template <class Map>
-void mapping_step(benchmark::State& state, const Inputs& inputs, Map map)
-{
-    for (auto _ : state) {
-        auto result = map(inputs);
-        benchmark::DoNotOptimize(result);
-        state.PauseTiming();
-        result = {};
-        state.ResumeTiming();
-    }
-    state.counters["nodes"] = static_cast<double>(bench::operational_nodes(inputs.interfaces()));
-}
-
-// ---------------------------------------------------------------------------------------------
-// The whole way, from text to text: processes
-
-/// Runs a program with its output thrown away. The time is the wall's; the processor's time is the
-/// counter `cpu`, in seconds.
-void whole_way(benchmark::State& state, const std::vector<const char*>& command)
-{
-    std::vector<char*> arguments;
-    arguments.reserve(command.size() + 1);
-    for (const char* each : command)
-        arguments.push_back(const_cast<char*>(each));
-    arguments.push_back(nullptr);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    double cpu = 0;
-    for (auto _ : state) {
-        const auto start = std::chrono::steady_clock::now();
-        pid_t child      = 0;
-        int status       = 0;
-        rusage usage{};
-        if (posix_spawnp(&child, command[0], &actions, nullptr, arguments.data(), environ) != 0 ||
-            wait4(child, &status, 0, &usage) != child || status != 0)
-            stop(std::string(command[0]) + " has failed");
-        const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - start;
-        state.SetIterationTime(wall.count());
-        for (const timeval& time : {usage.ru_utime, usage.ru_stime})
-            cpu += static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    }
-    posix_spawn_file_actions_destroy(&actions);
-    state.counters["cpu"] = benchmark::Counter(cpu, benchmark::Counter::kAvgIterations);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -203,24 +145,22 @@ int main(int argc, char** argv)
     const Inputs inputs = read_inputs(argv[1]);
     check_results(inputs);
 
+    // What a step has made is freed beside the clock.
     const auto step = [&](const char* name, auto map) {
         benchmark::RegisterBenchmark(name, [&inputs, map](benchmark::State& state) {
-            mapping_step(state, inputs, map);
+            for (auto _ : state) {
+                auto result = map(inputs);
+                benchmark::DoNotOptimize(result);
+                state.PauseTiming();
+                result = {};
+                state.ResumeTiming();
+            }
         })->Unit(benchmark::kMillisecond);
     };
-    step("mapping_step/library_paths", map_to_paths);
-    step("mapping_step/library_tree", map_to_tree);
-    step("mapping_step/by_hand", map_by_hand);
-    step("mapping_step/libxslt", map_by_stylesheet);
-
-    const auto way = [](const char* name, const std::vector<const char*>& command) {
-        benchmark::RegisterBenchmark(
-            name, [command](benchmark::State& state) { whole_way(state, command); })
-            ->Unit(benchmark::kMillisecond)
-            ->UseManualTime();
-    };
-    way("whole_way/ymap", {BENCH_YMAP, "map", "--op", "get", "--format", "xml", inputs.path});
-    way("whole_way/xsltproc", {"xsltproc", BENCH_STYLESHEET, inputs.path});
+    step("to_paths", map_to_paths);
+    step("to_tree", map_to_tree);
+    step("by_hand", map_by_hand);
+    step("by_stylesheet", map_by_stylesheet);
 
     benchmark::RunSpecifiedBenchmarks();
     return 0;
