@@ -29,32 +29,36 @@ NAMING_ALL = {
 
 
 class Profile:
-    """Instructions of a command, its loading included."""
+    """What callgrind wrote of a process or, where the process asked for it, of a part of it."""
 
-    def __init__(self, path, command):
-        if os.path.exists(path):
-            os.remove(path)
-        done = subprocess.run(
-            ["valgrind", "--tool=callgrind", f"--callgrind-out-file={path}", *command],
-            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, check=False)
-        if done.returncode != 0:
-            sys.exit(f"{' '.join(command)} has failed:\n{done.stderr}")
+    def __init__(self, path):
         self.path = path
+        with open(path, encoding="utf-8") as file:
+            self.text = file.read()
+
+    def found(self, pattern, text=None):
+        """What the group of a pattern is in the profile, or in another text about it."""
+        match = re.search(pattern, text or self.text, re.MULTILINE)
+        if match is None:
+            sys.exit(f"{self.path} has no {pattern}")
+        return match.group(1)
 
     def total(self):
-        with open(self.path, encoding="utf-8") as file:
-            return int(re.search(r"^totals: (\d+)", file.read(), re.MULTILINE).group(1))
+        """All instructions, those of loading included."""
+        return int(self.found(r"^totals: (\d+)"))
 
     def of(self, function):
         """Instructions of a function and all that it calls."""
         table = subprocess.run(
             ["callgrind_annotate", "--inclusive=yes", "--threshold=100", self.path],
             capture_output=True, text=True, check=True).stdout
-        found = re.search(r"^ *([\d,]+) \([^:]*:" + re.escape(function) + r"\(.*\) \[", table,
-                          re.MULTILINE)
-        if found is None:
-            sys.exit(f"{self.path} has no {function}")
-        return int(found.group(1).replace(",", ""))
+        line = rf"^ *([\d,]+) \([^:]*:{re.escape(function)}\(.*\) \["
+        return int(self.found(line, table).replace(",", ""))
+
+    def calls(self, function):
+        """How many times a function was called."""
+        number = re.escape(self.found(rf"^c?fn=(\(\d+\)) {function}$"))
+        return sum(map(int, re.findall(rf"^cfn={number}.*\ncalls=(\d+)", self.text, re.MULTILINE)))
 
 
 class Machine:
@@ -77,7 +81,17 @@ class Machine:
         return path
 
     def profile(self, name, command):
-        return Profile(os.path.join(self.folder, f"callgrind.{name}"), command)
+        """Runs a command in callgrind. A command that asks for profiles of its parts writes them
+        beside that of the whole, with a number behind the name."""
+        path = os.path.join(self.folder, f"callgrind.{name}")
+        for old in glob.glob(f"{path}*"):
+            os.remove(old)
+        done = subprocess.run(
+            ["valgrind", "--tool=callgrind", f"--callgrind-out-file={path}", *command],
+            stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, check=False)
+        if done.returncode != 0:
+            sys.exit(f"{' '.join(command)} has failed:\n{done.stderr}")
+        return Profile(path)
 
     def map(self, document):
         return [self.ymap, "map", "--op", "get", "--format", "xml", document]
@@ -104,19 +118,10 @@ def least(turns, commands):
 
 
 def count_walks(machine):
-    """Instructions an interface of each walk, by root and state of the logs."""
-    for path in glob.glob(os.path.join(machine.folder, "callgrind.walks*")):
-        os.remove(path)
-    machine.profile("walks", [machine.program("walks_bench"), "--once"])
-    walks = {}
-    for path in glob.glob(os.path.join(machine.folder, "callgrind.walks.*")):
-        with open(path, encoding="utf-8") as file:
-            content = file.read()
-        name = re.search(r"^desc: Trigger: Client Request: (\S+)", content, re.MULTILINE)
-        if name is not None:
-            total = re.search(r"^totals: (\d+)", content, re.MULTILINE)
-            walks[name.group(1)] = int(total.group(1)) / 1000  # interfaces of a walk there
-    return walks
+    """Profiles of single walks over 1,000 interfaces, by root and state of the logs."""
+    whole = machine.profile("walks", [machine.program("walks_bench"), "--once"])
+    parts = [Profile(path) for path in glob.glob(f"{whole.path}.*")]
+    return {part.found(r"^desc: Trigger: Client Request: (\S+)"): part for part in parts}
 
 
 def count_steps(machine):
@@ -134,7 +139,8 @@ def count_requests(machine, data, stylesheet):
     commands = {
         "pass": [machine.program("sax_pass"), data],
         "map": machine.map(data),
-        "xsltproc": ["xsltproc", stylesheet, data],
+        "xsltproc": ["xsltproc", stylesheet, machine.document("operational", FEW)],
+        "one": [machine.ymap, "read", machine.document("read-state-one", SIZE), "--data", data],
         "all": [machine.ymap, "read", machine.document("read-state-all", SIZE), "--data", data],
     }
     for kind, (verb, native, _) in NAMING_ALL.items():
@@ -144,6 +150,7 @@ def count_requests(machine, data, stylesheet):
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         profiles = dict(zip(commands, pool.map(machine.profile, commands, commands.values())))
     counts = {name: profile.total() for name, profile in profiles.items()}
+    counts["xsltproc"] *= SIZE // FEW
     counts["walk"] = profiles["map"].of("ozk::Run::walk")
     counts["write"] = profiles["map"].of("ymap::formats::write_xml")
     return counts
@@ -167,25 +174,34 @@ def run_large(machine):
             "read memory": times["read"][2] / size, "map memory": map_memory / size}
 
 
-def rows(counts, large):
+def row(name, value, limit, is_least=False):
+    """A line of the table of bounds: the limit is the most or the least that may come out."""
+    return {"section": "Bounds", "name": name, "value": value, "unit": "",
+            "bound": f"{'≥' if is_least else '≤'} {limit}",
+            "holds": value >= limit if is_least else value <= limit}
+
+
+def rows(counts, large, traced):
     """The bounds of whole requests."""
     ways = counts["pass"] + counts["walk"] + counts["write"]
-    bounds = [
+    return [row(*bound) for bound in (
         (f"`map --format xml` of operational data, {SIZE:,} interfaces: instructions over pass, "
          "walk and write", counts["map"] / ways, 1.4),
         (f"the same, {LARGE:,} interfaces: peak memory over the document's size",
          large["map memory"], 2.5),
         (f"`read` of one interface by name out of {LARGE:,}: processor time over the pass",
          large["read"] / large["pass"], 3),
-        ("the same: peak memory over the document's size", large["read memory"], 2.5),
+        (f"the same out of {SIZE:,}, instructions", counts["one"] / counts["pass"], 3),
+        (f"`read` of one out of {LARGE:,}: peak memory over the document's size",
+         large["read memory"], 2.5),
         (f"`read` of all of {SIZE:,} interfaces: instructions over the pass",
          counts["all"] / counts["pass"], 5),
         *((f"{what}: instructions an interface, {MANY:,} over {FEW:,}",
            of_each(counts, kind, MANY) / of_each(counts, kind, FEW), 1.2)
           for kind, (_, _, what) in NAMING_ALL.items()),
-    ]
-    return [{"section": "Bounds", "name": name, "value": value, "unit": "", "bound": f"≤ {limit}",
-             "holds": value <= limit} for name, value, limit in bounds]
+        ("a walk with the trace level on: times that a log entry is formatted",
+         traced.calls("vsnprintf") / traced.calls("_tlm_dt_log_filter_adv"), 1),
+    )]
 
 
 def main():
@@ -196,6 +212,8 @@ def main():
     data = machine.document("operational", SIZE)
     counts = count_requests(machine, data, stylesheet)
     large = run_large(machine)
+    walks = count_walks(machine)
+    traced = walks["native_operational/get/trace_level"]
     measured = {
         "interfaces": SIZE,
         "commands": counts,
@@ -203,9 +221,10 @@ def main():
         "large": large,
         "growing": {what: [of_each(counts, kind, size) for size in (FEW, MANY)]
                     for kind, (_, _, what) in NAMING_ALL.items()},
-        "walks": count_walks(machine),
+        "walks": {name: profile.total() / 1000 for name, profile in walks.items()},
+        "log entries": traced.calls("_tlm_dt_log_filter_adv") / 1000,
         "steps": count_steps(machine),
-        "rows": rows(counts, large),
+        "rows": rows(counts, large, traced),
     }
     with open(os.path.join(machine.build, "measured.json"), "w", encoding="utf-8") as file:
         json.dump(measured, file, indent=2)

@@ -1,4 +1,4 @@
-// Walks of the roots over trees of all sizes, edits, threads, and the log point.
+// Walks of the roots over trees of all sizes, with logs on and off, and by two threads.
 // usage: walks_bench [benchmark options]
 //        walks_bench --once    walk each root once with each state of the logs; callgrind writes a
 //                              profile of each walk
@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -104,19 +103,6 @@ void walks(benchmark::State& state, const Subject& subject, uint32_t interfaces,
     state.SetItemsProcessed(state.iterations() * times * interfaces);
 }
 
-void log_points(benchmark::State& state, Logs logs)
-{
-    static constexpr ymap::LogText<> text{MAP_LOG_ERROR, "Invalid arguments passed!"};
-    static ymap::SiteWord site_word;
-    ozk::Run run(MAP_OP_GET);
-    set_logs(run, logs);
-    const ymap::Place place{__func__, __LINE__};
-    run.call([&] {
-        for (auto _ : state)
-            ymap::log_point<text>(run.ctx(), place, site_word);
-    });
-}
-
 void walk_once()
 {
     for (const Subject& subject : subjects)
@@ -140,25 +126,21 @@ int main(int argc, char** argv)
         return 0;
     }
     bench::keep_memory();
-    const auto add = [](const std::string& name, auto function, auto... arguments) {
-        return benchmark::RegisterBenchmark(
-            name.c_str(), [=](benchmark::State& state) { function(state, arguments...); });
+    const auto add = [](const std::string& name, const Subject& subject, uint32_t interfaces,
+                        Logs logs) {
+        return benchmark::RegisterBenchmark(name.c_str(), [=, &subject](benchmark::State& state) {
+            walks(state, subject, interfaces, logs);
+        });
     };
     for (const Subject& subject : subjects) {
         const std::string name = std::string("walk/") + subject.name + "/";
         for (const auto& [logs, logs_name] : log_states)
-            add(name + logs_name + "/1000", walks, std::cref(subject), batch, logs);
+            add(name + logs_name + "/1000", subject, batch, logs);
         for (const uint32_t interfaces : {1U, 10U, 100U, 10000U, 100000U})
-            add(name + "off/" + std::to_string(interfaces), walks, std::cref(subject), interfaces,
-                Logs::off);
+            add(name + "off/" + std::to_string(interfaces), subject, interfaces, Logs::off);
     }
-    for (const auto& [logs, name] : log_states)
-        if (logs != Logs::trace_level) // the text is an error
-            add(std::string("log_point/") + name, log_points, logs);
     tree_of(subjects[0], batch); // made before threads share it
-    add("walkers", walks, std::cref(subjects[0]), batch, Logs::off)
-        ->ThreadRange(1, 2)
-        ->UseRealTime();
+    add("walkers", subjects[0], batch, Logs::off)->ThreadRange(1, 2)->UseRealTime();
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
