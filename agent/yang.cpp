@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -73,15 +74,10 @@ void append_deviations(std::string& text, const ModelRoot& root, const Schema& s
     }
 }
 
-YangModule deviations_of(const Module& deviated, const MapLibrary& library)
+std::string deviations_text(const YangModule& module, const MapLibrary& library)
 {
-    YangModule module;
-    module.name     = fmt::format("ymap-{}-deviations", deviated.name);
-    module.revision = last_change;
-    module.ns_uri   = "http://brelvik.example/ns/yang/" + module.name;
-    module.prefix   = fmt::format("{}-deviations", deviated.prefix);
-    module.deviates = deviated.name;
-    module.text =
+    const Module& deviated = *module.model;
+    std::string text =
         head(module,
              fmt::format("\n  import {} {{\n    prefix {};\n    revision-date {};\n  }}\n",
                          deviated.name, deviated.prefix, deviated.revision),
@@ -92,14 +88,13 @@ YangModule deviations_of(const Module& deviated, const MapLibrary& library)
         if (std::string_view(root.ns_uri) != deviated.ns_uri)
             continue;
         if (library.root_walker(root) == nullptr) {
-            append_deviation(module.text, deviated.prefix, fmt::format("/{}", root.name));
+            append_deviation(text, deviated.prefix, fmt::format("/{}", root.name));
             continue;
         }
         const Schema& schema = library.schema(root);
-        append_deviations(module.text, root, schema, schema.root());
+        append_deviations(text, root, schema, schema.root());
     }
-    module.text += "}\n";
-    return module;
+    return text + "}\n";
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -127,42 +122,51 @@ void append_node(std::string& text, const ModelRoot& root, const Schema& schema,
     text += fmt::format("{:{}}}}\n", "", indent);
 }
 
-YangModule native_model(const Module& model, const MapLibrary& library)
+std::string native_text(const YangModule& module, const MapLibrary& library)
 {
-    YangModule module{model.name, last_change, model.ns_uri, model.prefix, {}, {}};
-    module.text =
+    std::string text =
         head(module, "",
              "The structure of the model as the map knows it: containers, lists with\n"
              "     their keys, and leaves as strings, whatever the model's own types are.\n"
              "     Drawn from the map library.");
     for (const ModelRoot& root : model_roots()) {
-        if (std::string_view(root.ns_uri) != model.ns_uri || library.root_walker(root) == nullptr)
+        if (root.ns_uri != module.ns_uri || library.root_walker(root) == nullptr)
             continue;
         const Schema& schema = library.schema(root);
-        module.text += '\n';
-        append_node(module.text, root, schema, schema.root(), 2);
+        text += '\n';
+        append_node(text, root, schema, schema.root(), 2);
     }
-    module.text += "}\n";
-    return module;
+    return text + "}\n";
 }
 
 } // namespace
 
-std::vector<YangModule> yang_modules(const MapLibrary& library)
+std::vector<YangModule> yang_modules()
 {
-    const auto has_root = [&](const Module& model) {
+    const auto has_root = [](const Module& model) {
         return std::ranges::any_of(model_roots(), [&](const ModelRoot& root) {
-            return std::string_view(root.ns_uri) == model.ns_uri &&
-                   (model.is_clients || library.root_walker(root) != nullptr);
+            return std::string_view(root.ns_uri) == model.ns_uri;
         });
     };
-    std::vector<YangModule> texts;
+    std::vector<YangModule> result;
     for (const bool is_clients : {true, false})
-        for (const Module& model : modules())
-            if (model.is_clients == is_clients && has_root(model))
-                texts.push_back(is_clients ? deviations_of(model, library)
-                                           : native_model(model, library));
-    return texts;
+        for (const Module& model : modules()) {
+            if (model.is_clients != is_clients || !has_root(model))
+                continue;
+            YangModule module{model.name, last_change, model.ns_uri, model.prefix, &model};
+            if (is_clients) {
+                module.name   = fmt::format("ymap-{}-deviations", model.name);
+                module.ns_uri = "http://brelvik.example/ns/yang/" + module.name;
+                module.prefix = fmt::format("{}-deviations", model.prefix);
+            }
+            result.push_back(std::move(module));
+        }
+    return result;
+}
+
+std::string yang_text(const YangModule& module, const MapLibrary& library)
+{
+    return module.deviates() ? deviations_text(module, library) : native_text(module, library);
 }
 
 } // namespace ymap::agent

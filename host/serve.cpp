@@ -17,6 +17,7 @@
 #include "options.h"
 #include "session.h"
 #include "text.h"
+#include "yang.h"
 
 namespace ymap::host {
 
@@ -93,16 +94,19 @@ std::string environment(const char* name)
     return value != nullptr ? value : "";
 }
 
-/// The modules that are served: those with a root, since others need a library that walks them.
-std::vector<netconf::SchemaModule> served_modules()
+/// The modules that clients are told of: the clients' models with what they deviate by, which they
+/// have of their own, and those that are drawn from the map library, when one is asked for.
+std::vector<netconf::SchemaModule>
+served_modules(const std::function<const agent::MapLibrary&()>& library_of)
 {
     std::vector<netconf::SchemaModule> served;
-    for (const agent::Module& module : agent::modules())
-        for (const agent::ModelRoot& root : agent::model_roots())
-            if (root.ns_uri == std::string_view(module.ns_uri)) {
-                served.push_back({module.name, module.revision, module.ns_uri});
-                break;
-            }
+    for (const agent::YangModule& module : agent::yang_modules()) {
+        if (module.deviates())
+            served.push_back(
+                {module.model->name, module.model->revision, module.model->ns_uri, module.name});
+        served.push_back({module.name, module.revision, module.ns_uri, "",
+                          [=] { return yang_text(module, library_of()); }});
+    }
     return served;
 }
 
@@ -136,7 +140,7 @@ int serve(const ServeOptions& options, SystemLog& log)
                             .depth_limit    = options.depth_limit,
                             .user           = user,
                             .peer           = peer,
-                            .modules        = served_modules(),
+                            .modules        = served_modules(library_of),
                             .hooks          = hooks},
                            log_line);
 

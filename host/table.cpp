@@ -351,16 +351,13 @@ void print_whole(const TableOptions& options, const agent::MapLibrary& library)
     }
     std::vector<std::string_view> prefixes; // of the models that could be asked for
     std::vector<std::string> texts;
-    for (const agent::YangModule& module : agent::yang_modules(library)) {
-        if (module.deviates.empty() != (options.format == "yang"))
+    for (const agent::YangModule& module : agent::yang_modules()) {
+        if (module.deviates() != (options.format == "deviations"))
             continue;
-        prefixes.push_back(prefix_of(
-            module.deviates.empty() ? module.ns_uri : agent::namespace_of(module.deviates)));
+        prefixes.emplace_back(module.model->prefix);
         if (options.model.empty() || options.model == prefixes.back())
-            texts.push_back(module.text);
+            texts.push_back(yang_text(module, library));
     }
-    if (prefixes.empty())
-        throw std::runtime_error("the map library has no native model");
     if (texts.size() != 1)
         throw CLI::ValidationError(fmt::format("--format {} prints one module: give --model {}",
                                                options.format, fmt::join(prefixes, " or ")));
