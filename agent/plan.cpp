@@ -45,7 +45,12 @@ public:
     /// `what` is said of the node: "has no native path".
     Note& add(const char* tag, std::string_view what, const OzkMapNode& node)
     {
+        if (notes_.size() == most || size_ > most_bytes) {
+            ++untold_;
+            return spare_;
+        }
         notes_.push_back(make(tag, what, node));
+        size_ += notes_.back().path.size();
         return notes_.back();
     }
     Note make(const char* tag, std::string_view what, const OzkMapNode& node)
@@ -76,11 +81,24 @@ public:
                     return each.ns_uri == text(root.ns_uri);
                 }));
     }
-    std::vector<Note> take() { return std::move(notes_); }
+    std::vector<Note> take()
+    {
+        if (untold_ > 0)
+            notes_.push_back(
+                {"operation-failed", fmt::format("there are {} more such nodes", untold_)});
+        return std::move(notes_);
+    }
 
 private:
+    /// A request may hold as many as it has bytes, and each takes hundreds of bytes to tell, or as
+    /// many as the value of a key has.
+    static constexpr size_t most = 1000, most_bytes = 1 << 20;
+
     data::InstancePaths paths_;
     std::vector<Note> notes_;
+    Note spare_{};      ///< taken for those that aren't told
+    size_t size_   = 0; ///< of the paths
+    size_t untold_ = 0;
 };
 
 /// Finds out what becomes of a node whose tag the schema doesn't have, below one that hands such
