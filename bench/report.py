@@ -173,12 +173,12 @@ processors; `scripts/check-bounds` measures the library's own bounds alone, need
 where one doesn't hold. This run is of {walks.context["date"][:10]}.
 
 Instructions are counted by callgrind and come out the same on a busy machine. Times are minima of
-nine repetitions, which took turns, and of five at 100,000 interfaces: of them trust the ratios. The
-two rows on many interfaces and on threads that are by the clock need two processors that nobody else
-uses; the load of the machine, of {walks.context["num_cpus"]} processors, was {walks.context["load_avg"][0]:.1f} when the walks began.
-Unless said, a time is the processor's, and an interface is one of the reference document, 48
-elements: name, MAC address, 36 counters and the type of its statistics, state, line state, MTU,
-bandwidth, description, and the elements around them.
+nine repetitions, which took turns, and of five at 100,000 interfaces: of them trust the ratios.
+Unless said, a time is the processor's. What two threads do by the clock says nothing where others
+use the processors, of which there are {walks.context["num_cpus"]}: the load was {walks.context["load_avg"][0]:.1f} when the walks began.
+
+An interface is one of the reference document, 48 elements: name, MAC address, 36 counters and the
+type of its statistics, state, line state, MTU, bandwidth, description, and the elements around them.
 
 {machine(walks.context)}
 
@@ -210,10 +210,9 @@ The reference document of {interfaces:,} interfaces, in instructions an interfac
        [(name, f"{commands[count] / interfaces:,.0f}") for name, count in whole.items()])}
 
 Requests that name each of N interfaces, in another order than the data has them. A process begins
-by loading what it runs and by asking the library for the schema that the request is held against:
-{commands["read-1"] / 1e6:,.0f} million instructions in a `read` of configuration, {commands["read-state-1"] / 1e6:,.0f} million in one of state.
-A run with one interface tells how much that is, and it is taken off before the two sizes are
-compared:
+by loading what it runs and by asking the library for the schema that the request is held against.
+A run with one interface tells how much that is, {commands["read-1"] / 1e6:,.0f} million instructions in a `read` of
+configuration and {commands["read-state-1"] / 1e6:,.0f} million in one of state; it is taken off before the sizes are compared:
 
 {table(("instructions an interface", "N = 1,000", "N = 20,000"), growing)}
 

@@ -67,7 +67,8 @@ Inputs read_inputs(const char* path)
 // counterpart and passes over all others; like the library, it keeps the order of the document and
 // adds an empty `statistics` for empty statistics.
 
-bool is_named(const xmlNode* node, const char* name)
+/// Inlined wherever it is called: most of the walk is this comparison.
+[[gnu::always_inline]] inline bool is_named(const xmlNode* node, const char* name)
 {
     return node->type == XML_ELEMENT_NODE &&
            std::strcmp(reinterpret_cast<const char*>(node->name), name) == 0;
