@@ -24,6 +24,9 @@ SKIPPED = 77
 NETCONF = "urn:ietf:params:xml:ns:netconf:base:1.0"
 INTERFACES = "urn:ietf:params:xml:ns:yang:ietf-interfaces"
 NATIVE = "http://brelvik.example/ns/yang/Brelvik-NQ-ifmgr-cfg"
+HELLO = (f'<hello xmlns="{NETCONF}"><capabilities><capability>'
+         "urn:ietf:params:netconf:base:1.0</capability></capabilities></hello>")
+END = "]]>]]>"
 
 
 def need_peers():
@@ -92,6 +95,34 @@ def interface(name, content="", operation="merge"):
             "</interfaces></config>")
 
 
+class Ssh:
+    """A session of the plain ssh client, in the framing of base:1.0."""
+
+    def __init__(self, served):
+        # pylint: disable-next=consider-using-with
+        self.process = subprocess.Popen(served.ssh, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.send(HELLO)
+
+    def send(self, message):
+        self.process.stdin.write((message + END).encode())
+        self.process.stdin.flush()
+
+    def receive(self):
+        seen = b""
+        while not seen.endswith(END.encode()):
+            piece = os.read(self.process.stdout.fileno(), 65536)
+            expect(piece, f"the session has ended after {seen}")
+            seen += piece
+        return seen.decode()
+
+    def request(self, operation):
+        """The server's hello is read with the answer to the first."""
+        self.send(f'<rpc xmlns="{NETCONF}" message-id="1">{operation}</rpc>')
+        while "<hello" in (answer := self.receive()) and "rpc-reply" not in answer:
+            pass
+        expect("<ok/>" in answer, answer)
+
+
 def error_of(call, *arguments, **options):
     """The tag of the error that the server answers with, and what ncclient has read of it."""
     from ncclient.operations import RPCError  # pylint: disable=import-outside-toplevel
@@ -124,14 +155,11 @@ def printed_lines(served):
 
 def plain_ssh(served):
     """The plainest client: a document is sent, and the answers come before the end of the session."""
-    end = "]]>]]>"
-    hello = (f'<hello xmlns="{NETCONF}"><capabilities><capability>'
-             "urn:ietf:params:netconf:base:1.0</capability></capabilities></hello>")
     read = (f'<rpc xmlns="{NETCONF}" message-id="a"><get-config><source><running/></source>'
             "</get-config></rpc>")
-    done = subprocess.run(served.ssh, input=hello + end + read + end + read + end, text=True,
+    done = subprocess.run(served.ssh, input=HELLO + END + read + END + read + END, text=True,
                           capture_output=True, check=False, timeout=60)
-    messages = done.stdout.split(end)
+    messages = done.stdout.split(END)
     expect(len(messages) == 4 and messages[3] == "", f"{done.stdout}\n{done.stderr}")
     expect(all("Router identity" in message for message in messages[1:3]), done.stdout)
     expect(done.stderr == "", done.stderr)
@@ -168,9 +196,9 @@ def two_clients(served):
         two.edit_config(interface("te-1", operation="delete"), target="running")
 
     # A client that dies holds no lock: sshd sees its connection end.
-    three = served.connect()
-    three.lock("running")
-    three._session.transport.sock.close()  # pylint: disable=protected-access
+    three = Ssh(served)
+    three.request("<lock><target><running/></target></lock>")
+    three.process.kill()
     with served.connect() as four:
         began = time.monotonic()
         while True:
@@ -192,12 +220,12 @@ def yangcli(served):
                     "<description>By yangcli</description></interface></interfaces>")
     login = ["yangcli", "server=127.0.0.1", f"user={served.ssh[-2].split('@')[0]}", "password=none",
              f"ncport={served.port}", f"private-key={served.key}", f"public-key={served.key}.pub",
-             "batch-mode", "autoload=false"]
+             "batch-mode", "autoload=false", "autoaliases=false", "autouservars=false",
+             "autohistory=false"]
 
     def run(command):
         return subprocess.run([*login, f"run-command={command}"], stdin=subprocess.DEVNULL,
-                              env={**os.environ, "YUMA_HOME": str(served.folder)}, text=True,
-                              capture_output=True, check=False, timeout=120).stdout
+                              text=True, capture_output=True, check=False, timeout=120).stdout
 
     done = run(f"edit-config target=running config=@{edit}")
     expect("RPC OK Reply" in done, done)
@@ -209,27 +237,13 @@ def yangcli(served):
 
 def sessions_of_ssh(served, count=10):
     """Sessions that are open at the same time, each of which makes an interface."""
-    begin = (f'<hello xmlns="{NETCONF}"><capabilities><capability>'
-             "urn:ietf:params:netconf:base:1.0</capability></capabilities></hello>]]>]]>")
-    clients = [subprocess.Popen(served.ssh, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-               for _ in range(count)]
-    for client in clients:
-        client.stdin.write(begin)
-        client.stdin.flush()
-    for client in clients:
-        seen = ""
-        while "]]>]]>" not in seen:
-            piece = os.read(client.stdout.fileno(), 4096).decode()
-            expect(piece, "a session has ended")
-            seen += piece
+    clients = [Ssh(served) for _ in range(count)]
     for number, client in enumerate(clients):
-        client.stdin.write(f'<rpc xmlns="{NETCONF}" message-id="1"><edit-config><target><running/>'
-                           f'</target>{interface(f"many-{number}", operation="create")}'
-                           "</edit-config></rpc>]]>]]>")
-        client.stdin.close()
+        client.request("<edit-config><target><running/></target>"
+                       f'{interface(f"many-{number}", operation="create")}</edit-config>')
     for client in clients:
-        expect("<ok/>" in client.stdout.read(), "an edit was refused")
-        client.wait(timeout=60)
+        client.process.stdin.close()
+        expect(client.process.wait(timeout=60) == 0, "a session that ended with its input")
     names = {each.text for each in ET.parse(served.folder / "running.xml").getroot().iter(
         f"{{{NATIVE}}}interface-name")}
     lost = {f"many-{number}" for number in range(count)} - names
