@@ -290,6 +290,8 @@ private:
             const bool is_read = plan_child(schema, child, filter, asked);
             if (!is_read && is_match(child)) // which then never holds
                 return false;
+            if (!is_read) // it stands beside the matches all the same: they don't select the rest
+                add(plan_.filter, filter, bare(child)).marks |= ozk::MARK_MATCHES_NONE;
             is_asked |= is_read;
         }
         return is_asked;
@@ -379,7 +381,9 @@ private:
     {
         for (const char* leaf : keys.leaves)
             if (std::ranges::none_of(children(entry), [&](const OzkMapNode& each) {
-                    return text(each.tag) == leaf && (each.marks & ozk::MARK_MATCHES_NONE) == 0;
+                    return text(each.tag) == leaf &&
+                           (text(each.ns_uri).empty() || text(each.ns_uri) == keys.ns_uri) &&
+                           (each.marks & ozk::MARK_MATCHES_NONE) == 0;
                 }))
                 tree.append(entry, leaf, entry.ns_uri).marks |= ozk::MARK_COMPLETES;
     }
@@ -472,11 +476,11 @@ public:
                 faults_.add("operation-not-supported", "has no walker in the map library", root);
             } else if (!seen.insert(known).second) {
                 faults_.add("bad-element", "is given twice", root);
+            } else if (root.value != nullptr) {
+                faults_.add("bad-element", "holds no value", root);
             } else if (known->is_clients) {
                 schema_ = &library_.schema(*known);
                 root_   = known;
-                if (root.value != nullptr)
-                    faults_.add("bad-element", "holds no value", root);
                 examine_children(schema_->root(), root);
             }
         }

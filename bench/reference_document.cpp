@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <string_view>
 
 #include "output.h"
@@ -16,9 +17,9 @@ using ozk::Edit;
 struct Kind {
     std::string_view name;
     ozk::Tree (*make_tree)(uint32_t interfaces);
-    /// What stands around a request; null around data.
-    const char* before = nullptr;
-    const char* after  = nullptr;
+    /// What stands around a request; nothing around data.
+    const char* before = "";
+    const char* after  = "";
 };
 
 #define RPC "<rpc message-id=\"1\" xmlns=\"urn:ietf:params:xml:ns:netconf:base:1.0\""
@@ -49,11 +50,10 @@ int main(int argc, char** argv)
 {
     char* end                      = nullptr;
     const unsigned long interfaces = argc == 3 ? strtoul(argv[2], &end, 10) : 0;
-    const Kind* kind               = nullptr;
-    for (const Kind& each : kinds)
-        if (argc == 3 && each.name == argv[1])
-            kind = &each;
-    if (kind == nullptr || interfaces == 0 || interfaces > 1000000 || *end != '\0') {
+    const Kind* kind               = std::begin(kinds);
+    while (argc == 3 && kind != std::end(kinds) && kind->name != argv[1])
+        ++kind;
+    if (interfaces == 0 || interfaces > 1000000 || *end != '\0' || kind == std::end(kinds)) {
         fprintf(stderr, "usage: reference_document KIND INTERFACES (1 to 1000000)\nkinds:");
         for (const Kind& each : kinds)
             fprintf(stderr, " %s", each.name.data());
@@ -64,11 +64,9 @@ int main(int argc, char** argv)
     const ozk::Tree tree = kind->make_tree(static_cast<uint32_t>(interfaces));
     ymap::formats::Output out(
         [](std::string_view text) { fwrite(text.data(), 1, text.size(), stdout); });
-    if (kind->before != nullptr)
-        out << kind->before;
+    out << kind->before;
     write_xml(out, bench::root_of(tree), nullptr, ymap::formats::Layout::lines);
-    if (kind->after != nullptr)
-        out << kind->after;
+    out << kind->after;
     out.flush();
     if (fflush(stdout) != 0 || ferror(stdout) != 0) {
         perror("reference_document");

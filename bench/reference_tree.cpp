@@ -6,91 +6,48 @@
 #include <malloc.h>
 
 #include <cstdio>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace bench {
 
 namespace {
 
-constexpr const char* full_statistics[] = {
-    "packets-received",
-    "bytes-received",
-    "packets-sent",
-    "bytes-sent",
-    "multicast-packets-received",
-    "broadcast-packets-received",
-    "multicast-packets-sent",
-    "broadcast-packets-sent",
-    "output-drops",
-    "output-queue-drops",
-    "input-drops",
-    "input-queue-drops",
-    "runt-packets-received",
-    "giant-packets-received",
-    "throttled-packets-received",
-    "parity-packets-received",
-    "unknown-protocol-packets-received",
-    "input-errors",
-    "crc-errors",
-    "input-overruns",
-    "framing-errors-received",
-    "input-ignored-packets",
-    "input-aborts",
-    "output-errors",
-    "output-underruns",
-    "output-buffer-failures",
-    "output-buffers-swapped-out",
-    "applique",
-    "resets",
-    "carrier-transitions",
-    "availability-flag",
-    "last-data-time",
-    "seconds-since-last-clear-counters",
-    "last-discontinuity-time",
-    "seconds-since-packet-received",
-    "seconds-since-packet-sent",
-};
-constexpr uint32_t statistics = std::size(full_statistics);
+/// Tags of the leaves of `full-interface-stats`, in the order of the schema.
+constexpr char full_statistics[] =
+    "packets-received bytes-received packets-sent bytes-sent multicast-packets-received "
+    "broadcast-packets-received multicast-packets-sent broadcast-packets-sent output-drops "
+    "output-queue-drops input-drops input-queue-drops runt-packets-received "
+    "giant-packets-received throttled-packets-received parity-packets-received "
+    "unknown-protocol-packets-received input-errors crc-errors input-overruns "
+    "framing-errors-received input-ignored-packets input-aborts output-errors "
+    "output-underruns output-buffer-failures output-buffers-swapped-out applique resets "
+    "carrier-transitions availability-flag last-data-time seconds-since-last-clear-counters "
+    "last-discontinuity-time seconds-since-packet-received seconds-since-packet-sent";
 
-/// Builds a tree of one root. What is added to a node stays where it is as long as no more children
-/// are added than the node was made for.
-class Builder {
-public:
-    Builder(const char* root_tag, const char* ns_uri, uint32_t children,
-            ozk::Edit default_edit = ozk::Edit::none)
-        : ns_uri_(ns_uri)
-    {
-        tree_.top().edit = static_cast<uint8_t>(default_edit);
-        root_            = &node(tree_.top(), root_tag, children);
-    }
-
-    OzkMapNode& root() { return *root_; }
+/// Builds a tree of one root, whose namespace all nodes have. What is added to a node stays where
+/// it is as long as no more children are added than the node was made for.
+struct Builder {
+    const char* ns_uri;
+    ozk::Tree tree = {};
 
     OzkMapNode& node(OzkMapNode& parent, const char* tag, uint32_t children)
     {
-        OzkMapNode& made = tree_.append(parent, tag, ns_uri_);
-        tree_.reserve(made, children);
+        OzkMapNode& made = tree.append(parent, tag, ns_uri);
+        tree.reserve(made, children);
         return made;
     }
 
-    OzkMapNode& leaf(OzkMapNode& parent, const char* tag)
-    {
-        return tree_.append(parent, tag, ns_uri_);
-    }
+    OzkMapNode& root(const char* tag, uint32_t children) { return node(tree.top(), tag, children); }
+
+    void leaf(OzkMapNode& parent, const char* tag) { tree.append(parent, tag, ns_uri); }
 
     void leaf(OzkMapNode& parent, const char* tag, const std::string& value)
     {
-        ozk::Tree::set_value(leaf(parent, tag), tree_.keep(value));
+        ozk::Tree::set_value(tree.append(parent, tag, ns_uri), tree.keep(value));
     }
-
-    ozk::Tree take() { return std::move(tree_); }
-
-private:
-    ozk::Tree tree_;
-    const char* ns_uri_;
-    OzkMapNode* root_;
 };
 
 std::string interface_name(uint32_t i)
@@ -119,48 +76,34 @@ std::string counter(uint32_t i, uint32_t which)
     return std::to_string(mixed % 1000000000000000 >> which % 48);
 }
 
-/// Requests on /interfaces: what stands in each entry after the key.
-ozk::Tree configuration_request(uint32_t interfaces, uint32_t first, ozk::Edit edit,
-                                bool with_leaves, bool with_values)
+/// The number of entry `i` of a request, which names interfaces in another order than the data has
+/// them. The factor is prime and larger than any number of interfaces, so that none comes twice.
+uint32_t shuffled(uint32_t i, uint32_t interfaces)
 {
-    const bool is_edit = edit != ozk::Edit::none;
-    Builder builder("interfaces", NS_IETF_INTERFACES, interfaces,
-                    is_edit ? ozk::Edit::merge : ozk::Edit::none);
-    for (uint32_t i = first; i < first + interfaces; ++i) {
-        OzkMapNode& entry = builder.node(builder.root(), "interface", with_leaves ? 3 : 1);
-        if (is_edit) {
-            entry.edit        = static_cast<uint8_t>(edit);
-            entry.edit_is_own = 1;
-        }
-        builder.leaf(entry, "name", interface_name(i));
-        if (!with_leaves)
-            continue;
-        if (with_values) {
-            builder.leaf(entry, "description", description(i));
-            builder.leaf(entry, "enabled", "true");
-        } else {
-            builder.leaf(entry, "description");
-            builder.leaf(entry, "enabled");
-        }
-    }
-    return builder.take();
+    return static_cast<uint32_t>(i * uint64_t{1618033} % interfaces);
 }
 
 } // namespace
 
 ozk::Tree operational_tree(uint32_t interfaces)
 {
-    Builder builder("interfaces", NS_NQ_PFI_IM_CMD_OPER, 1);
-    OzkMapNode& list = builder.node(builder.root(), "interface-nq", interfaces);
+    Builder builder{NS_NQ_PFI_IM_CMD_OPER};
+    OzkMapNode& root = builder.root("interfaces", 1);
+    OzkMapNode& list = builder.node(root, "interface-nq", interfaces);
+    std::vector<const char*> counters;
+    std::istringstream names(full_statistics);
+    for (std::string name; names >> name;)
+        counters.push_back(builder.tree.intern(name));
+    const auto count = static_cast<uint32_t>(counters.size());
     for (uint32_t i = 0; i < interfaces; ++i) {
         OzkMapNode& entry = builder.node(list, "interface", 8);
         builder.leaf(entry, "interface-name", interface_name(i));
         builder.leaf(builder.node(entry, "mac-address", 1), "address", mac_address(i));
 
         OzkMapNode& stats = builder.node(entry, "interface-statistics", 2);
-        OzkMapNode& full  = builder.node(stats, "full-interface-stats", statistics);
-        for (uint32_t which = 0; which < statistics; ++which)
-            builder.leaf(full, full_statistics[which], counter(i, which));
+        OzkMapNode& full  = builder.node(stats, "full-interface-stats", count);
+        for (uint32_t which = 0; which < count; ++which)
+            builder.leaf(full, counters[which], counter(i, which));
         builder.leaf(stats, "stats-type", "full");
 
         builder.leaf(entry, "state", i % 8 != 0 ? "up" : "down");
@@ -169,20 +112,15 @@ ozk::Tree operational_tree(uint32_t interfaces)
         builder.leaf(entry, "bandwidth", "1000000");
         builder.leaf(entry, "description", description(i));
     }
-    return builder.take();
-}
-
-uint64_t operational_nodes(uint32_t interfaces)
-{
-    constexpr uint64_t of_an_interface = 1 + 8 + 1 + 2 + statistics;
-    return 2 + interfaces * of_an_interface;
+    return std::move(builder.tree);
 }
 
 ozk::Tree native_configuration_tree(uint32_t interfaces)
 {
-    Builder builder("interface-configurations", NS_NQ_IFMGR_CFG, interfaces);
+    Builder builder{NS_NQ_IFMGR_CFG};
+    OzkMapNode& root = builder.root("interface-configurations", interfaces);
     for (uint32_t i = 0; i < interfaces; ++i) {
-        OzkMapNode& entry = builder.node(builder.root(), "interface-configuration", 6);
+        OzkMapNode& entry = builder.node(root, "interface-configuration", 6);
         builder.leaf(entry, "active", "act");
         builder.leaf(entry, "interface-name", interface_name(i));
         builder.leaf(entry, "description", description(i));
@@ -192,32 +130,49 @@ ozk::Tree native_configuration_tree(uint32_t interfaces)
         builder.leaf(mtu, "owner", "gigabit-ethernet");
         builder.leaf(mtu, "mtu", std::to_string(1500 + i % 7 * 250));
     }
-    return builder.take();
-}
-
-ozk::Tree native_global_tree()
-{
-    Builder builder("global-interface-configuration", NS_NQ_IFMGR_CFG, 1);
-    builder.leaf(builder.root(), "link-status", "software-interfaces");
-    return builder.take();
-}
-
-ozk::Tree configuration_read(uint32_t interfaces)
-{
-    return configuration_request(interfaces, 0, ozk::Edit::none, true, false);
+    return std::move(builder.tree);
 }
 
 ozk::Tree state_read(uint32_t interfaces, uint32_t first)
 {
-    Builder builder("interfaces-state", NS_IETF_INTERFACES, interfaces);
-    for (uint32_t i = first; i < first + interfaces; ++i)
-        builder.leaf(builder.node(builder.root(), "interface", 1), "name", interface_name(i));
-    return builder.take();
+    Builder builder{NS_IETF_INTERFACES};
+    OzkMapNode& root = builder.root("interfaces-state", interfaces);
+    for (uint32_t i = 0; i < interfaces; ++i)
+        builder.leaf(builder.node(root, "interface", 1), "name",
+                     interface_name(first + shuffled(i, interfaces)));
+    return std::move(builder.tree);
+}
+
+ozk::Tree configuration_read(uint32_t interfaces)
+{
+    Builder builder{NS_IETF_INTERFACES};
+    OzkMapNode& root = builder.root("interfaces", interfaces);
+    for (uint32_t i = 0; i < interfaces; ++i) {
+        OzkMapNode& entry = builder.node(root, "interface", 3);
+        builder.leaf(entry, "name", interface_name(shuffled(i, interfaces)));
+        builder.leaf(entry, "description");
+        builder.leaf(entry, "enabled");
+    }
+    return std::move(builder.tree);
 }
 
 ozk::Tree configuration_edit(uint32_t interfaces, ozk::Edit edit, uint32_t first)
 {
-    return configuration_request(interfaces, first, edit, !ozk::deletes(edit), true);
+    Builder builder{NS_IETF_INTERFACES};
+    builder.tree.top().edit = static_cast<uint8_t>(ozk::Edit::merge);
+    OzkMapNode& root        = builder.root("interfaces", interfaces);
+    for (uint32_t i = 0; i < interfaces; ++i) {
+        const uint32_t number = first + shuffled(i, interfaces);
+        OzkMapNode& entry     = builder.node(root, "interface", 3);
+        entry.edit            = static_cast<uint8_t>(edit);
+        entry.edit_is_own     = 1;
+        builder.leaf(entry, "name", interface_name(number));
+        if (ozk::deletes(edit))
+            continue;
+        builder.leaf(entry, "description", description(number));
+        builder.leaf(entry, "enabled", "true");
+    }
+    return std::move(builder.tree);
 }
 
 void keep_memory()

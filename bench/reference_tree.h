@@ -20,16 +20,13 @@ inline const OzkMapNode& root_of(const ozk::Tree& tree)
 /// `address`, `interface-statistics` with the 36 leaves of `full-interface-stats` and `stats-type`,
 /// `state`, `line-state`, `mtu`, `bandwidth` and `description`, in the order of the schema.
 ozk::Tree operational_tree(uint32_t interfaces);
-/// Elements of operational_tree(), the root included.
-uint64_t operational_nodes(uint32_t interfaces);
 
 /// /interface-configurations as a router holds it: an entry has `active`, `interface-name`,
 /// `description`, `shutdown`, `bandwidth` and an `mtus` with one `mtu`.
 ozk::Tree native_configuration_tree(uint32_t interfaces);
-/// /global-interface-configuration, whose one leaf is all there is.
-ozk::Tree native_global_tree();
 
-// Requests name so many interfaces of those trees, from number `first` on.
+// Requests name so many interfaces of those trees, from number `first` on, in an order of their
+// own.
 
 /// A read of /interfaces that asks for `description` and `enabled` of each.
 ozk::Tree configuration_read(uint32_t interfaces);

@@ -3,26 +3,18 @@
 // which is checked before anything is measured.
 // usage: side_by_side_bench DOCUMENT [benchmark options]
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include <benchmark/benchmark.h>
 #include <libxml/parser.h>
 #include <libxslt/transform.h>
 #include <libxslt/xsltInternals.h>
 
-#include "hand_written_walk.h"
 #include "reader.h"
 #include "reference_tree.h"
 #include "run.h"
@@ -54,24 +46,92 @@ std::string_view view(const xmlChar* text)
 
 /// What all sides start from: the tree in memory that each of them reads.
 struct Inputs {
-    const char* path;
     ymap::data::Document native;
     XmlDocument parsed;
     Stylesheet stylesheet;
-
-    const OzkMapNode& root() const { return bench::root_of(native.tree); }
-    uint32_t interfaces() const { return root().subtrees[0].subtree_count; }
 };
 
 Inputs read_inputs(const char* path)
 {
     Inputs inputs{
-        path, ymap::formats::read_xml(path, ymap::formats::bytes_of_file(path), {}),
+        ymap::formats::read_xml(path, ymap::formats::bytes_of_file(path), {}),
         XmlDocument(xmlReadFile(path, nullptr, XML_PARSE_NONET)),
         Stylesheet(xsltParseStylesheetFile(reinterpret_cast<const xmlChar*>(BENCH_STYLESHEET)))};
     if (!inputs.parsed || !inputs.stylesheet)
         stop(std::string("cannot read the stylesheet or ") + path);
     return inputs;
+}
+
+// ---------------------------------------------------------------------------------------------
+// The walk that a person would write for this one purpose. It knows the nodes that have a
+// counterpart and passes over all others; like the library, it keeps the order of the document and
+// adds an empty `statistics` for empty statistics.
+
+/// Inlined wherever it is called: most of the walk is this comparison.
+[[gnu::always_inline]] inline bool is_named(const xmlNode* node, const char* name)
+{
+    return node->type == XML_ELEMENT_NODE &&
+           std::strcmp(reinterpret_cast<const char*>(node->name), name) == 0;
+}
+
+template <class Function>
+void for_each_named(const xmlNode* parent, const char* name, Function function)
+{
+    for (const xmlNode* child = parent->children; child != nullptr; child = child->next)
+        if (is_named(child, name))
+            function(child);
+}
+
+xmlNodePtr add_container(xmlNodePtr parent, const char* name)
+{
+    return xmlNewChild(parent, parent->ns, reinterpret_cast<const xmlChar*>(name), nullptr);
+}
+
+void add_leaf(xmlNodePtr parent, const char* name, const xmlNode* native)
+{
+    const xmlNode* text = native->children;
+    xmlNewTextChild(parent, parent->ns, reinterpret_cast<const xmlChar*>(name),
+                    text != nullptr && text->type == XML_TEXT_NODE ? text->content : nullptr);
+}
+
+constexpr std::pair<const char*, const char*> full_counters[] = {
+    {"bytes-received", "in-octets"},
+    {"bytes-sent", "out-octets"},
+    {"multicast-packets-received", "in-multicast-pkts"},
+    {"broadcast-packets-received", "in-broadcast-pkts"},
+    {"multicast-packets-sent", "out-multicast-pkts"},
+    {"broadcast-packets-sent", "out-broadcast-pkts"},
+    {"unknown-protocol-packets-received", "in-unknown-protos"},
+    {"input-errors", "in-errors"},
+    {"input-ignored-packets", "in-discards"},
+};
+
+void map_statistics(const xmlNode* native, xmlNodePtr statistics)
+{
+    for (const xmlNode* child = native->children; child != nullptr; child = child->next)
+        if (is_named(child, "full-interface-stats")) {
+            for (const xmlNode* leaf = child->children; leaf != nullptr; leaf = leaf->next)
+                for (const auto& [name, ietf] : full_counters)
+                    if (is_named(leaf, name)) {
+                        add_leaf(statistics, ietf, leaf);
+                        break;
+                    }
+        } else if (is_named(child, "basic-interface-stats")) {
+            for_each_named(child, "output-errors",
+                           [&](const xmlNode* leaf) { add_leaf(statistics, "out-errors", leaf); });
+        }
+}
+
+void map_interface(const xmlNode* native, xmlNodePtr interface)
+{
+    for (const xmlNode* child = native->children; child != nullptr; child = child->next)
+        if (is_named(child, "interface-name"))
+            add_leaf(interface, "name", child);
+        else if (is_named(child, "mac-address"))
+            for_each_named(child, "address",
+                           [&](const xmlNode* leaf) { add_leaf(interface, "phys-address", leaf); });
+        else if (is_named(child, "interface-statistics"))
+            map_statistics(child, add_container(interface, "statistics"));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -82,7 +142,8 @@ Inputs read_inputs(const char* path)
 [[gnu::noinline]] std::unique_ptr<ozk::Run> map_to_paths(const Inputs& inputs)
 {
     auto run = std::make_unique<ozk::Run>(MAP_OP_GET);
-    if (run->walk(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces, &inputs.root()) != MAP_OK)
+    if (run->walk(ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces,
+                  &bench::root_of(inputs.native.tree)) != MAP_OK)
         stop("the walk has failed");
     return run;
 }
@@ -101,7 +162,17 @@ struct Mapped {
 
 [[gnu::noinline]] XmlDocument map_by_hand(const Inputs& inputs)
 {
-    return XmlDocument(bench::map_by_hand(inputs.parsed.get()));
+    XmlDocument result(xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0")));
+    xmlNodePtr state = xmlNewNode(nullptr, reinterpret_cast<const xmlChar*>("interfaces-state"));
+    xmlSetNs(state, xmlNewNs(state, reinterpret_cast<const xmlChar*>(NS_IETF_INTERFACES), nullptr));
+    xmlDocSetRootElement(result.get(), state);
+    for_each_named(xmlDocGetRootElement(inputs.parsed.get()), "interface-nq",
+                   [&](const xmlNode* list) {
+                       for_each_named(list, "interface", [&](const xmlNode* entry) {
+                           map_interface(entry, add_container(state, "interface"));
+                       });
+                   });
+    return result;
 }
 
 [[gnu::noinline]] XmlDocument map_by_stylesheet(const Inputs& inputs)
@@ -144,54 +215,6 @@ void check_results(const Inputs& inputs)
         stop("the stylesheet gives another result than the library");
 }
 
-/// Measures a mapping step; its result is freed beside the clock.
-template <class Map>
-void mapping_step(benchmark::State& state, const Inputs& inputs, Map map)
-{
-    for (auto _ : state) {
-        auto result = map(inputs);
-        benchmark::DoNotOptimize(result);
-        state.PauseTiming();
-        result = {};
-        state.ResumeTiming();
-    }
-    state.counters["nodes"] = static_cast<double>(bench::operational_nodes(inputs.interfaces()));
-}
-
-// ---------------------------------------------------------------------------------------------
-// The whole way, from text to text: processes
-
-/// Runs a program with its output thrown away. The time is the wall's; the processor's time is the
-/// counter `cpu`, in seconds.
-void whole_way(benchmark::State& state, const std::vector<const char*>& command)
-{
-    std::vector<char*> arguments;
-    arguments.reserve(command.size() + 1);
-    for (const char* each : command)
-        arguments.push_back(const_cast<char*>(each));
-    arguments.push_back(nullptr);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    double cpu = 0;
-    for (auto _ : state) {
-        const auto start = std::chrono::steady_clock::now();
-        pid_t child      = 0;
-        int status       = 0;
-        rusage usage{};
-        if (posix_spawnp(&child, command[0], &actions, nullptr, arguments.data(), environ) != 0 ||
-            wait4(child, &status, 0, &usage) != child || status != 0)
-            stop(std::string(command[0]) + " has failed");
-        const std::chrono::duration<double> wall = std::chrono::steady_clock::now() - start;
-        state.SetIterationTime(wall.count());
-        for (const timeval& time : {usage.ru_utime, usage.ru_stime})
-            cpu += static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    }
-    posix_spawn_file_actions_destroy(&actions);
-    state.counters["cpu"] = benchmark::Counter(cpu, benchmark::Counter::kAvgIterations);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -203,24 +226,22 @@ int main(int argc, char** argv)
     const Inputs inputs = read_inputs(argv[1]);
     check_results(inputs);
 
+    // What a step has made is freed beside the clock.
     const auto step = [&](const char* name, auto map) {
         benchmark::RegisterBenchmark(name, [&inputs, map](benchmark::State& state) {
-            mapping_step(state, inputs, map);
+            for (auto _ : state) {
+                auto result = map(inputs);
+                benchmark::DoNotOptimize(result);
+                state.PauseTiming();
+                result = {};
+                state.ResumeTiming();
+            }
         })->Unit(benchmark::kMillisecond);
     };
-    step("mapping_step/library_paths", map_to_paths);
-    step("mapping_step/library_tree", map_to_tree);
-    step("mapping_step/by_hand", map_by_hand);
-    step("mapping_step/libxslt", map_by_stylesheet);
-
-    const auto way = [](const char* name, const std::vector<const char*>& command) {
-        benchmark::RegisterBenchmark(
-            name, [command](benchmark::State& state) { whole_way(state, command); })
-            ->Unit(benchmark::kMillisecond)
-            ->UseManualTime();
-    };
-    way("whole_way/ymap", {BENCH_YMAP, "map", "--op", "get", "--format", "xml", inputs.path});
-    way("whole_way/xsltproc", {"xsltproc", BENCH_STYLESHEET, inputs.path});
+    step("to_paths", map_to_paths);
+    step("to_tree", map_to_tree);
+    step("by_hand", map_by_hand);
+    step("by_stylesheet", map_by_stylesheet);
 
     benchmark::RunSpecifiedBenchmarks();
     return 0;
