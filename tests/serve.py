@@ -536,6 +536,20 @@ def reads(folder):
         expect(f"<locked-by-session>{session.id}<" in reply and "capabilities" not in reply, reply)
 
 
+def schemas(folder):
+    """Each module that the server has is in its hello, and comes with get-schema."""
+    with Session(folder) as session:
+        listed = session.ask(get(f'<netconf-state xmlns="{MONITORING}"><schemas/></netconf-state>'))
+        modules = [each.text for each in listed.top.iter(f"{{{MONITORING}}}identifier")]
+        expect(len(modules) >= 3, listed.text)
+        for module in modules:
+            expect(f"?module={module}" in session.hello.text, f"{module}: {session.hello.text}")
+            data = session.ask(get_schema(module, '<format xmlns:m="x">m:yang</format>')).top[0]
+            expect(data.tag == f"{{{MONITORING}}}data" and data.text.startswith(f"module {module} "),
+                   data.text)
+            session.refuse(get_schema(module, "<version>1999-01-01</version>"), "invalid-value")
+
+
 def replies(folder):
     """The envelope: attributes, prefixes, what can't be read."""
     attributes = 'message-id="a&amp;&lt;b" xmlns:x="urn:x" x:mine="&quot;1&quot;"'
@@ -761,8 +775,8 @@ def deaths(folder):
                int(run) < i and answered == 0, f"{stored} after {answered} answers of run {i}")
 
 
-TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, replies, options,
-         logs, sessions, concurrent_edits, changes_outside, storing, deaths]
+TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, schemas, replies,
+         options, logs, sessions, concurrent_edits, changes_outside, storing, deaths]
 
 
 def main():
