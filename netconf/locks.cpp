@@ -127,8 +127,8 @@ bool Locks::take_edit_mutex(int milliseconds)
 {
     using namespace std::chrono;
     const auto end = steady_clock::now() + std::chrono::milliseconds(milliseconds);
-    for (auto pause = microseconds(200); !set(F_WRLCK, EDIT_MUTEX);
-         pause      = std::min<microseconds>(2 * pause, std::chrono::milliseconds(5))) {
+    // All ask equally often, however long they have waited, so that newcomers don't pass by others.
+    for (auto pause = microseconds(250); !set(F_WRLCK, EDIT_MUTEX); pause = microseconds(1000)) {
         if (steady_clock::now() >= end)
             return false;
         std::this_thread::sleep_for(pause);
