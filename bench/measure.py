@@ -82,7 +82,7 @@ class Machine:
 
     def profile(self, name, command):
         """Runs a command in callgrind. A command that asks for profiles of its parts writes them
-        beside that of the whole, with a number behind the name."""
+        beside that of the whole, with a number after the name."""
         path = os.path.join(self.folder, f"callgrind.{name}")
         for old in glob.glob(f"{path}*"):
             os.remove(old)
