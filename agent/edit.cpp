@@ -89,6 +89,11 @@ private:
     /// What would be lost when the document is written.
     void refuse_lossy_document() const
     {
+        for (const OzkMapNode& root : children(*native_.top))
+            if (ozk::find_child(*native_.top, root.tag, root.ns_uri) != &root)
+                throw RequestError(
+                    {"operation-failed", fmt::format("{}:{}: /{} stands there twice",
+                                                     native_.document->name, root.line, root.tag)});
         data::InstancePaths paths(*native_.top, list_keys());
         for (const auto& [node, attributes] : native_.document->attributes) {
             const auto other = std::ranges::find_if(
@@ -124,6 +129,8 @@ private:
         bool is_there = false;
         for (const OzkMapNode& native_root : children(visible)) {
             OzkMapNode* edited = ozk::find_child(edit_.top(), native_root.tag, native_root.ns_uri);
+            if (edited != nullptr && edited->origin != &root)
+                throw RequestError(edited_twice(request_, *edited->origin));
             if (edited == nullptr)
                 edited = &edit_.append(edit_.top(), native_root.tag, native_root.ns_uri);
             else // its array may be the request's

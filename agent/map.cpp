@@ -23,15 +23,18 @@ void require_walker(const MapLibrary& library, const ModelRoot& root, const OzkM
     throw RequestError(error);
 }
 
-/// The notes on what a request holds and the map doesn't carry out.
-std::vector<Note> notes_on(Request& request, const MapLibrary& library)
+/// Notes what a request holds and the map doesn't carry out.
+void take_notes(Mapping& mapping, Request& request, const MapLibrary& library)
 {
-    if (!request.is_edit())
-        return plan_read(request, library).notes;
+    if (!request.is_edit()) {
+        mapping.notes = plan_read(request, library).notes;
+        return;
+    }
     auto [notes, losses] = examine_edit(request, library, false);
+    mapping.has_faults   = !notes.empty();
     notes.insert(notes.end(), losses.begin(), losses.end());
     std::ranges::stable_sort(notes, {}, &Note::line);
-    return std::move(notes);
+    mapping.notes = std::move(notes);
 }
 
 /// Adds what of the native roots that the clients' `root` maps to isn't in `edit` yet.
@@ -47,6 +50,14 @@ void add_mapped_roots(ozk::Tree& edit, const MapLibrary& library, const OzkMapNo
 }
 
 } // namespace
+
+Error edited_twice(const Request& request, const OzkMapNode& native_root)
+{
+    return error_at("bad-element",
+                    fmt::format("'{}' is edited by this root and by one of the clients' model",
+                                native_root.tag),
+                    *request.content, native_root);
+}
 
 ozk::Tree native_edit(const Request& request, const MapLibrary& library,
                       std::span<const Walk> walks, std::span<const ozk::AddedPath> added)
@@ -76,11 +87,7 @@ ozk::Tree native_edit(const Request& request, const MapLibrary& library,
         if (known == nullptr || known->is_clients || known->is_state)
             continue;
         if (ozk::find_child(edit.top(), root.tag, root.ns_uri) != nullptr)
-            throw RequestError(error_at("bad-element",
-                                        fmt::format("'{}' is edited by this root and by one of the "
-                                                    "clients' model",
-                                                    root.tag),
-                                        *request.content, root));
+            throw RequestError(edited_twice(request, root));
         OzkMapNode& copy = edit.append(edit.top());
         copy             = root;
         copy.origin      = &root;
@@ -96,7 +103,7 @@ bool reaches_unnamed_entries(const OzkMapNode& root)
 
 Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks)
 {
-    Mapping mapping{std::make_unique<ozk::Run>(request.op_code), {}, {}, {}};
+    Mapping mapping{.run = std::make_unique<ozk::Run>(request.op_code)};
     ozk::Tree& tree = request.document.tree;
     OzkMapNode all{}; // the roots of a read without a filter
     if (request.reads_all)
@@ -112,8 +119,8 @@ Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks)
         const ModelRoot* root = find_root(node);
         return root == nullptr || root->is_clients;
     });
-    if (is_of_clients)
-        mapping.notes = notes_on(request, library);
+    if (is_of_clients || request.is_edit())
+        take_notes(mapping, request, library);
     if (hooks.before_pass)
         hooks.before_pass(*mapping.run, "map");
     for (OzkMapNode& node : children(content)) {
@@ -126,11 +133,12 @@ Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks)
     }
     if (hooks.after_pass)
         hooks.after_pass(*mapping.run);
-    if (request.is_edit() && !mapping.ended())
+    if (request.is_edit() && !mapping.ended() && !mapping.has_faults)
         try {
             mapping.tree = native_edit(request, library, mapping.walks, mapping.run->added());
         } catch (const RequestError& error) {
             mapping.notes.push_back(error.error);
+            mapping.has_faults = true;
         }
     return mapping;
 }

@@ -15,9 +15,10 @@ namespace ymap::agent {
 /// A request that was mapped, as far as it went. It refers to the request.
 struct Mapping {
     std::unique_ptr<ozk::Run> run;
-    std::vector<Walk> walks; ///< up to the first with a status
-    std::vector<Note> notes; ///< what of the request isn't carried out
-    ozk::Tree tree;          ///< of an edit that no walk has ended: the native edit
+    std::vector<Walk> walks = {};    ///< up to the first with a status
+    std::vector<Note> notes = {};    ///< what of the request isn't carried out
+    bool has_faults         = false; ///< some of the notes are on what any edit is refused for
+    ozk::Tree tree          = {};    ///< of an edit without faults that no walk has ended: native
 
     bool ended() const { return !walks.empty() && walks.back().status != MAP_OK; }
 };
@@ -33,6 +34,9 @@ Mapping map(Request& request, const MapLibrary& library, const Hooks& hooks = {}
 /// it comes of. The tree refers to the request. Throws RequestError if a native root is both.
 ozk::Tree native_edit(const Request& request, const MapLibrary& library,
                       std::span<const Walk> walks, std::span<const ozk::AddedPath> added);
+
+/// The error of a request that edits `native_root`, one of its own, by another root as well.
+Error edited_twice(const Request& request, const OzkMapNode& native_root);
 
 /// Whether an operation stands on a root of the clients' model that is about entries which the edit
 /// doesn't name: what it does depends on the router's data, and no path can say it.

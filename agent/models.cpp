@@ -128,10 +128,4 @@ LeafType leaf_type(const OzkMapNode& leaf)
     return found != std::end(leaf_types) ? found->second : LeafType::string;
 }
 
-bool is_container(const OzkMapNode& node)
-{
-    return ozk::is_named(node, "statistics", NS_IETF_INTERFACES) ||
-           (node.value == nullptr && find_root(node) != nullptr);
-}
-
 } // namespace ymap::agent

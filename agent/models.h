@@ -59,8 +59,6 @@ std::span<const std::string_view> spellings();
 /// What a leaf's values are, as far as is known.
 enum class LeafType : uint8_t { unknown, string, boolean, integer };
 LeafType leaf_type(const OzkMapNode& leaf);
-/// Whether a node without children and value is a container, and no leaf.
-bool is_container(const OzkMapNode& node);
 
 } // namespace ymap::agent
 

@@ -45,7 +45,12 @@ public:
     /// `what` is said of the node: "has no native path".
     Note& add(const char* tag, std::string_view what, const OzkMapNode& node)
     {
+        if (notes_.size() == most || size_ > most_bytes) {
+            ++untold_;
+            return spare_;
+        }
         notes_.push_back(make(tag, what, node));
+        size_ += notes_.back().path.size();
         return notes_.back();
     }
     Note make(const char* tag, std::string_view what, const OzkMapNode& node)
@@ -76,11 +81,24 @@ public:
                     return each.ns_uri == text(root.ns_uri);
                 }));
     }
-    std::vector<Note> take() { return std::move(notes_); }
+    std::vector<Note> take()
+    {
+        if (untold_ > 0)
+            notes_.push_back(
+                {"operation-failed", fmt::format("there are {} more such nodes", untold_)});
+        return std::move(notes_);
+    }
 
 private:
+    /// A request may hold as many as it has bytes, and each takes hundreds of bytes to tell, or as
+    /// many as the value of a key has.
+    static constexpr size_t most = 1000, most_bytes = 1 << 20;
+
     data::InstancePaths paths_;
     std::vector<Note> notes_;
+    Note spare_{};      ///< taken for those that aren't told
+    size_t size_   = 0; ///< of the paths
+    size_t untold_ = 0;
 };
 
 /// Finds out what becomes of a node whose tag the schema doesn't have, below one that hands such
@@ -272,6 +290,8 @@ private:
             const bool is_read = plan_child(schema, child, filter, asked);
             if (!is_read && is_match(child)) // which then never holds
                 return false;
+            if (!is_read) // it stands beside the matches all the same: they don't select the rest
+                add(plan_.filter, filter, bare(child)).marks |= ozk::MARK_MATCHES_NONE;
             is_asked |= is_read;
         }
         return is_asked;
@@ -361,7 +381,9 @@ private:
     {
         for (const char* leaf : keys.leaves)
             if (std::ranges::none_of(children(entry), [&](const OzkMapNode& each) {
-                    return text(each.tag) == leaf && (each.marks & ozk::MARK_MATCHES_NONE) == 0;
+                    return text(each.tag) == leaf &&
+                           (text(each.ns_uri).empty() || text(each.ns_uri) == keys.ns_uri) &&
+                           (each.marks & ozk::MARK_MATCHES_NONE) == 0;
                 }))
                 tree.append(entry, leaf, entry.ns_uri).marks |= ozk::MARK_COMPLETES;
     }
@@ -454,11 +476,11 @@ public:
                 faults_.add("operation-not-supported", "has no walker in the map library", root);
             } else if (!seen.insert(known).second) {
                 faults_.add("bad-element", "is given twice", root);
+            } else if (root.value != nullptr) {
+                faults_.add("bad-element", "holds no value", root);
             } else if (known->is_clients) {
                 schema_ = &library_.schema(*known);
                 root_   = known;
-                if (root.value != nullptr)
-                    faults_.add("bad-element", "holds no value", root);
                 examine_children(schema_->root(), root);
             }
         }

@@ -111,10 +111,36 @@ private:
                 reply.append(reply.top()) = root;
                 continue;
             }
-            std::vector<OzkMapNode> all(children(*same).begin(), children(*same).end());
-            all.insert(all.end(), children(root).begin(), children(root).end());
-            reply.set_children(*same, all);
+            const ModelRoot* known = find_root(root);
+            const Schema* schema   = known != nullptr && library_.root_walker(*known) != nullptr
+                                         ? &library_.schema(*known)
+                                         : nullptr;
+            join(*same, root, schema, schema != nullptr ? &schema->root() : nullptr);
         }
+    }
+
+    /// Adds the children of `other` to `node`. What is a container on both sides is one; without
+    /// the schema of the node, no container is known.
+    void join(OzkMapNode& node, const OzkMapNode& other, const Schema* schema,
+              const Schema::Node* place)
+    {
+        std::vector<OzkMapNode> all(children(node).begin(), children(node).end());
+        const size_t own = all.size();
+        for (const OzkMapNode& child : children(other)) {
+            const Schema::Node* below =
+                place != nullptr ? schema->child(*place, child.tag) : nullptr;
+            const bool is_container =
+                below != nullptr && below->facts->kind == data::NodeKind::container;
+            const auto end  = all.begin() + static_cast<ptrdiff_t>(is_container ? own : 0);
+            const auto same = std::find_if(all.begin(), end, [&](const OzkMapNode& each) {
+                return ozk::is_named(each, child.tag, child.ns_uri);
+            });
+            if (same == end)
+                all.push_back(child);
+            else
+                join(*same, child, schema, below);
+        }
+        reading_.reply.set_children(node, all);
     }
 
     const Request& request_;

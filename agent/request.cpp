@@ -113,6 +113,8 @@ private:
                             std::initializer_list<std::string_view> choices) const;
     void check_filter(const OzkMapNode& filter) const;
     void take_content(OzkMapNode& content);
+    void refuse_attributes(const OzkMapNode& node) const;
+    /// Gives each node the operation that holds for it.
     void inherit_operations(OzkMapNode& node, ozk::Edit operation) const;
     void mark_matches(OzkMapNode& node) const;
     void find_namespaces(OzkMapNode& filter);
@@ -161,6 +163,10 @@ void EnvelopeReader::read_rpc(OzkMapNode& rpc)
     if (operation.value != nullptr)
         fail("malformed-message", fmt::format("text is not expected in {}", operation.tag),
              operation);
+    refuse_attributes(operation);
+    for (const OzkMapNode& parameter : children(operation))
+        if (text(parameter.tag) != "filter")
+            refuse_attributes(parameter);
     if (text(operation.tag) == "edit-config")
         return read_edit(operation);
     request_.op_code = text(operation.tag) == "get" ? MAP_OP_GET : MAP_OP_GET_CONFIG;
@@ -295,10 +301,13 @@ void EnvelopeReader::take_content(OzkMapNode& content)
         inherit_operations(root, request_.default_operation);
 }
 
-/// Gives each node the operation that holds for it. Neither an operation without its prefix nor any
-/// other attribute may be passed over: the request would do more or less than it says.
-void EnvelopeReader::inherit_operations(OzkMapNode& node, ozk::Edit operation) const
+/// Neither an operation without its prefix nor any other attribute may be passed over: the request
+/// would do more or less than it says.
+void EnvelopeReader::refuse_attributes(const OzkMapNode& node) const
 {
+    if (node.edit_is_own != 0 && request_.content == nullptr) // it is of the envelope
+        fail("bad-attribute", fmt::format("'{}' is no data that an operation is for", node.tag),
+             node);
     for (const data::Attribute& attribute : request_.document.attributes_of(node)) {
         if (attribute.prefix == "xmlns")
             continue;
@@ -315,6 +324,11 @@ void EnvelopeReader::inherit_operations(OzkMapNode& node, ozk::Edit operation) c
                                          attribute.prefix, attribute.name, node.tag),
                        node, attribute);
     }
+}
+
+void EnvelopeReader::inherit_operations(OzkMapNode& node, ozk::Edit operation) const
+{
+    refuse_attributes(node);
     if (node.edit_is_own == 0)
         node.edit = static_cast<uint8_t>(operation);
     for (OzkMapNode& child : children(node))

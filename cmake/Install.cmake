@@ -23,6 +23,10 @@ install(TARGETS ymap RUNTIME COMPONENT command)
 
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.sshd.conf
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap/examples COMPONENT command)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/serving.md
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/yang/
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/yang/modules/ymap COMPONENT command)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.1

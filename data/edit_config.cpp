@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -90,15 +91,31 @@ private:
         const Identities named = name_children(edit, path);
         if (edit_of(edit) == Edit::replace && !path.empty()) // a root replaces itself alone
             drop_unnamed(parent, named, keys, path);
+        const Before before(parent, children(edit).size());
         for (const OzkMapNode& child : children(edit))
             if (is_key(child, keys))
                 refuse_key_operation(child, edit);
             else
-                edit_child(child, parent, path);
+                edit_child(child, parent, before, path);
         drop_marked(parent);
     }
 
     using Identities = std::unordered_set<std::string>;
+
+    /// The children that a node has before it is edited. What an edit names, it names once: those
+    /// that it makes needn't be looked at again.
+    struct Before {
+        size_t count;
+        std::unordered_map<std::string, uint32_t>
+            places; ///< by name, of many that many are asked of
+
+        Before(const OzkMapNode& parent, size_t questions) : count(children(parent).size())
+        {
+            if (count > Indexes::worth_it && questions > Indexes::worth_it)
+                for (uint32_t place = 0; place < count; ++place)
+                    places.try_emplace(identity_of(children(parent)[place], nullptr), place);
+        }
+    };
 
     /// What the children of a node of the edit are called: no two may be the same.
     Identities name_children(const OzkMapNode& edit, const std::string& path)
@@ -158,15 +175,17 @@ private:
             refuse("bad-attribute", "a key can't be deleted without its entry", key);
     }
 
-    void edit_child(const OzkMapNode& child, OzkMapNode& parent, const std::string& path)
+    void edit_child(const OzkMapNode& child, OzkMapNode& parent, const Before& before,
+                    const std::string& path)
     {
         const ListKeys* keys = keys_below(path, child);
         const Edit operation = edit_of(child);
         const bool is_leaf   = keys == nullptr && children(child).empty();
-        OzkMapNode* found    = find(child, parent, keys);
+        OzkMapNode* found    = find(child, parent, before, keys);
         if (found == nullptr && operation == Edit::erase)
             refuse("data-missing", "there is nothing to delete", child);
-        if (found == nullptr && operation == Edit::none && !is_leaf)
+        // A root is a container that is always there (RFC 7950, 7.5.1).
+        if (found == nullptr && operation == Edit::none && !is_leaf && !path.empty())
             refuse("data-missing", "there is no such data to edit", child);
         if (found != nullptr && operation == Edit::create)
             refuse("data-exists", "it exists already", child);
@@ -178,7 +197,8 @@ private:
         }
         if (is_leaf && operation == Edit::none)
             return;
-        if (found == nullptr)
+        const bool is_new = found == nullptr;
+        if (is_new)
             found = &make(child, parent, keys);
 
         if (is_leaf)
@@ -187,6 +207,8 @@ private:
             refuse("bad-element", "the data has a value there, and no elements", child);
         else
             edit_children(child, *found, keys, path + "/" + child.tag);
+        if (is_new && operation == Edit::none && children(*found).empty())
+            drop(*found);
     }
 
     void set_leaf(OzkMapNode& leaf, const OzkMapNode& edit)
@@ -195,7 +217,7 @@ private:
             if (edit.value != nullptr)
                 refuse("bad-element", "the data has elements there, and no value", edit);
             if (edit_of(edit) == Edit::replace) // a container, by an empty one
-                data_.tree.set_children(change(leaf), {});
+                data_.tree.set_children(change(leaf), {}), data_.indexes.changed(leaf);
             return;
         }
         if (ozk::same_text(leaf.value, edit.value))
@@ -205,7 +227,8 @@ private:
         changed(leaf);
     }
 
-    OzkMapNode* find(const OzkMapNode& child, OzkMapNode& parent, const ListKeys* keys)
+    OzkMapNode* find(const OzkMapNode& child, OzkMapNode& parent, const Before& before,
+                     const ListKeys* keys)
     {
         const auto all   = children(parent);
         const auto is_it = [&](const OzkMapNode& node) {
@@ -213,9 +236,15 @@ private:
                    ozk::is_named(node, child.tag, child.ns_uri) &&
                    (keys == nullptr || same_keys(node, child, *keys));
         };
+        if (keys == nullptr && !before.places.empty()) {
+            const auto found = before.places.find(identity_of(child, nullptr));
+            return found != before.places.end() && is_it(all[found->second]) ? &all[found->second]
+                                                                             : nullptr;
+        }
         if (keys == nullptr || all.size() <= Indexes::worth_it) {
-            const auto found = std::find_if(all.begin(), all.end(), is_it);
-            return found != all.end() ? &*found : nullptr;
+            const auto end   = all.begin() + static_cast<ptrdiff_t>(before.count);
+            const auto found = std::find_if(all.begin(), end, is_it);
+            return found != end ? &*found : nullptr;
         }
         // Of several keys the last says most.
         const char* last = keys->leaves.back();
@@ -290,17 +319,16 @@ private:
     /// A leaf has another value, or has come or gone.
     void changed(const OzkMapNode& leaf)
     {
-        if (leaf.tag != nullptr &&
-            std::ranges::find(changed_leaves_, leaf.tag) == changed_leaves_.end())
-            changed_leaves_.push_back(leaf.tag);
+        if (leaf.tag != nullptr)
+            changed_leaves_.insert(leaf.tag);
     }
 
     Document& data_;
     std::span<const ListKeys> lists_;
     std::vector<Changed> undo_;
-    std::vector<const char*> changed_leaves_; ///< tags of the data, each once
-    bool drops_ = false;                      ///< something was dropped
-    std::string last_path_;                   ///< see keys_below()
+    std::unordered_set<const char*> changed_leaves_; ///< tags of the data
+    bool drops_ = false;                             ///< something was dropped
+    std::string last_path_;                          ///< see keys_below()
     const char* last_ns_uri_   = nullptr;
     const ListKeys* last_keys_ = nullptr;
 };

@@ -178,14 +178,22 @@ Filter::Level::Level(const Nodes& filters)
     plain             = static_cast<size_t>(others - drafts.begin());
     std::ranges::stable_sort(drafts.begin(), others, {},
                              [](const Draft& draft) { return text(draft.node.tag); });
+    std::unordered_map<EntryKey, size_t, EntryKeyHash> shared; // by how many nodes
+    const auto key_of = [](const Node& node, const Match& match) {
+        return EntryKey{text(node.tag), text(match.tag), match.value};
+    };
+    for (const Draft& draft : drafts)
+        for (const Match& match : draft.node.matches)
+            ++shared[key_of(draft.node, match)];
     nodes.reserve(drafts.size());
     for (Draft& draft : drafts) {
         Node& node = nodes.emplace_back(std::move(draft.node));
         if (!node.is_whole)
             node.below = std::make_unique<const Level>(draft.below);
         if (!node.matches.empty()) {
-            const Match& first = node.matches.front();
-            by_match.emplace(EntryKey{text(node.tag), text(first.tag), first.value}, &node);
+            const auto rarest = std::ranges::min_element(
+                node.matches, {}, [&](const Match& match) { return shared[key_of(node, match)]; });
+            by_match.emplace(key_of(node, *rarest), &node);
         }
     }
 }

@@ -21,11 +21,18 @@ std::string name_of(const char* tag, const char* ns_uri, const PrefixOf& prefix_
     return name.append(text(tag));
 }
 
-/// A literal of XPath, which can hold one kind of quote only.
+/// A literal of XPath, which can hold one kind of quote only, or several put together.
 std::string literal(std::string_view value)
 {
-    const char quote = value.find('\'') == value.npos ? '\'' : '"';
-    return std::string(1, quote).append(value).append(1, quote);
+    const size_t single = value.find('\'');
+    if (single == value.npos || value.find('"') == value.npos) {
+        const char quote = single == value.npos ? '\'' : '"';
+        return std::string(1, quote).append(value).append(1, quote);
+    }
+    std::string parts = "concat(";
+    for (size_t end; (end = value.find('\'')) != value.npos; value.remove_prefix(end + 1))
+        parts.append("'").append(value.substr(0, end)).append("',\"'\",");
+    return parts.append("'").append(value).append("')");
 }
 
 } // namespace

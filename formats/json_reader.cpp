@@ -105,6 +105,9 @@ public:
         for (const char c : value)
             if (static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r')
                 fail("a value holds a control character that XML has no form for");
+        for (const char* none : {"\xef\xbf\xbe", "\xef\xbf\xbf"}) // U+FFFE, U+FFFF
+            if (value.find(none) != value.npos)
+                fail("a value holds a character that XML has no form for");
         return leaf(value);
     }
     bool binary(nlohmann::json::binary_t&) { fail("binary data is no JSON"); }

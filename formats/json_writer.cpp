@@ -84,7 +84,7 @@ private:
 
     void value(const OzkMapNode& node, size_t indent)
     {
-        if (!children(node).empty() || schema_.is_container(node))
+        if (!children(node).empty() || schema_.is_container(node.ns_uri, path_))
             return object(node, indent);
         const std::string_view content = text(node.value);
         const JsonType type            = schema_.type_of(node);

@@ -77,9 +77,9 @@ enum class JsonType : uint8_t { unknown, string, boolean, integer };
 struct JsonSchema {
     std::function<std::string_view(const char* ns_uri)> module_of;
     std::function<JsonType(const OzkMapNode& leaf)> type_of;
-    /// Whether a node without children and value is a container, no empty leaf.
-    std::function<bool(const OzkMapNode& node)> is_container;
-    /// Whether the node at a schema path is a list.
+    /// Whether a node at that schema path is a container or an entry of a list, so that it is no
+    /// leaf of the type empty where nothing is in it.
+    std::function<bool(const char* ns_uri, const std::string& path)> is_container;
     std::function<bool(const char* ns_uri, const std::string& path)> is_list;
 };
 

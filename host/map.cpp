@@ -33,21 +33,28 @@ struct MapOptions {
     LibraryOptions library;
 };
 
-void print_mapping(const agent::Request& request, const agent::Mapping& mapping,
+/// False if it can't be printed in the form that was asked for.
+bool print_mapping(const agent::Request& request, const agent::Mapping& mapping,
                    const MapOptions& options, bool is_first)
 {
     const std::string& name = request.document.name;
     const bool has_heading  = options.documents.size() > 1;
+    bool is_printed         = true;
     if (options.format == "json") {
         print((is_first ? "\n" : ",\n") +
               json_object(json_members(request, mapping, options.diagnostics.calls)));
     } else if (options.format == "xml") {
         if (options.diagnostics.calls)
             fmt::print(stderr, "{}", calls_text(*mapping.run));
-        if (has_heading)
-            print(fmt::format("{}<!-- {} -->\n", is_first ? "" : "\n", name));
+        if (has_heading) {
+            std::string heading = name; // a comment holds no two hyphens in a row
+            for (size_t at; (at = heading.find("--")) != heading.npos;)
+                heading.replace(at, 2, "- -");
+            print(fmt::format("{}<!-- {} -->\n", is_first ? "" : "\n", heading));
+        }
         formats::Output out(print);
-        if (!write_xml_mapping(out, request, mapping) && !mapping.ended())
+        is_printed = write_xml_mapping(out, request, mapping);
+        if (!is_printed && !mapping.ended() && !mapping.has_faults)
             fmt::print(stderr,
                        "{}: an operation on a root reaches entries that the request doesn't name: "
                        "no configuration says what it does\n",
@@ -60,6 +67,7 @@ void print_mapping(const agent::Request& request, const agent::Mapping& mapping,
             print(calls_text(*mapping.run) + "\n");
         print(table_text(request, mapping));
     }
+    return is_printed;
 }
 
 void check_capture(const MapOptions& options)
@@ -116,11 +124,12 @@ int map_documents(const MapOptions& options)
     for (agent::Request& request : requests) {
         const std::string& name      = request.document.name;
         const agent::Mapping mapping = map_request(request, library, hooks);
-        print_mapping(request, mapping, options, is_first);
-        is_first = false;
+        const bool is_printed        = print_mapping(request, mapping, options, is_first);
+        is_first                     = false;
         report_notes(name, mapping.notes);
-        const bool failed = report_walks(name, mapping.walks);
-        if ((report_faults(name, mapping.run->faults()) || failed) && status == exit_mapped)
+        const bool failed     = report_walks(name, mapping.walks);
+        const bool has_faults = report_faults(name, mapping.run->faults());
+        if ((has_faults || failed || !is_printed) && status == exit_mapped)
             status = exit_walk_error;
         if (captures)
             write_case(

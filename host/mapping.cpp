@@ -109,9 +109,9 @@ std::string table_text(const Request& request, const Mapping& mapping)
 bool write_xml_mapping(formats::Output& out, const Request& request, const Mapping& mapping)
 {
     const auto roots = request.roots();
-    if (request.is_edit() && (mapping.ended() || std::ranges::any_of(roots, [](const auto& root) {
-                                  return agent::reaches_unnamed_entries(root);
-                              })))
+    const bool depends_on_data =
+        request.is_edit() && std::ranges::any_of(roots, agent::reaches_unnamed_entries);
+    if (mapping.ended() || mapping.has_faults || depends_on_data)
         return false;
     const auto* root             = roots.empty() ? nullptr : agent::find_root(roots.front());
     const bool is_data           = root != nullptr && !root->is_clients;

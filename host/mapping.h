@@ -18,8 +18,8 @@ std::string table_text(const agent::Request& request, const agent::Mapping& mapp
 /// The output tree, below one element that makes a single document of it: a configuration to send
 /// on for an edit, with the operation of each node that has another one than the node above; a
 /// filter for a read of the clients' model; data for native data. False, and nothing is written,
-/// where no configuration can say what the edit does: its walk has ended, or an operation on a root
-/// depends on the router's data.
+/// where none can say what the request does: a walk has ended, the edit has faults, or an operation
+/// on a root depends on the router's data.
 bool write_xml_mapping(formats::Output& out, const agent::Request& request,
                        const agent::Mapping& mapping);
 

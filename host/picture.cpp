@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include <fmt/format.h>
@@ -32,7 +33,11 @@ struct Line {
     std::string client, native; ///< ends as dot has them
     bool is_request;            ///< an arrow to the native node; else data, to the clients'
 
-    friend auto operator<=>(const Line&, const Line&) = default;
+    bool operator<(const Line& other) const
+    {
+        return std::tie(client, native, is_request) <
+               std::tie(other.client, other.native, other.is_request);
+    }
 };
 
 bool is_below(std::string_view path, std::string_view above)

@@ -48,20 +48,26 @@ formats::JsonType json_type(const OzkMapNode& leaf)
     return formats::JsonType::unknown;
 }
 
-/// What the map library knows of lists, and the tables of the rest.
+/// What the map library knows of containers and lists, and the tables of the rest.
 formats::JsonSchema json_schema(const agent::MapLibrary& library)
 {
-    std::set<std::pair<std::string_view, std::string>> lists;
+    using Paths = std::set<std::pair<std::string_view, std::string>>;
+    Paths containers, lists;
     for (const agent::ModelRoot& root : agent::model_roots())
         if (library.root_walker(root) != nullptr)
-            for (const data::ExploredNode& node : library.schema(root).explored())
+            for (const data::ExploredNode& node : library.schema(root).explored()) {
+                if (node.kind != data::NodeKind::leaf)
+                    containers.emplace(root.ns_uri, node.path);
                 if (node.kind == data::NodeKind::list)
                     lists.emplace(root.ns_uri, node.path);
+            }
+    const auto is_in = [](Paths paths) {
+        return [paths = std::move(paths)](const char* ns_uri, const std::string& path) {
+            return paths.contains({ozk::text(ns_uri), path});
+        };
+    };
     return {[](const char* ns_uri) { return agent::module_of(ozk::text(ns_uri)); }, json_type,
-            agent::is_container,
-            [lists](const char* ns_uri, const std::string& path) {
-                return lists.contains({ozk::text(ns_uri), path});
-            }};
+            is_in(std::move(containers)), is_in(std::move(lists))};
 }
 
 int read(const ReadVerbOptions& options)

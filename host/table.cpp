@@ -354,10 +354,17 @@ void print_whole(const TableOptions& options, const agent::MapLibrary& library)
     for (const agent::YangModule& module : agent::yang_modules()) {
         if (module.deviates() != (options.format == "deviations"))
             continue;
+        if (!module.deviates() &&
+            std::ranges::none_of(agent::model_roots(), [&](const agent::ModelRoot& root) {
+                return root.ns_uri == module.ns_uri && library.root_walker(root) != nullptr;
+            }))
+            continue;
         prefixes.emplace_back(module.model->prefix);
         if (options.model.empty() || options.model == prefixes.back())
             texts.push_back(yang_text(module, library));
     }
+    if (prefixes.empty())
+        throw std::runtime_error("the map library has no native model");
     if (texts.size() != 1)
         throw CLI::ValidationError(fmt::format("--format {} prints one module: give --model {}",
                                                options.format, fmt::join(prefixes, " or ")));

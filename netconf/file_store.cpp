@@ -59,6 +59,17 @@ private:
     int file_;
 };
 
+/// A file that is taken away again unless it has got another name.
+struct Unfinished {
+    std::string path;
+    bool is_kept = false;
+    ~Unfinished()
+    {
+        if (!is_kept)
+            unlink(path.c_str());
+    }
+};
+
 /// Where the running configuration really is: beside that file are its lock and its next content.
 std::string checked_path(const std::string& path, bool read_only)
 {
@@ -134,6 +145,7 @@ void NativeFile::replace(const std::function<void()>& before_replacing)
     if (unlink(new_path.c_str()) != 0 && errno != ENOENT)
         throw std::system_error(errno, std::generic_category(), new_path);
     const File file(new_path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+    Unfinished unfinished{new_path};
     // The group is kept, or nobody gets more than before; the owner where we may.
     if (fchown(file, old.st_uid, old.st_gid) != 0)
         file.require(fchown(file, static_cast<uid_t>(-1), old.st_gid) == 0);
@@ -151,6 +163,7 @@ void NativeFile::replace(const std::function<void()>& before_replacing)
     before_replacing();
     if (rename(new_path.c_str(), path_.c_str()) != 0)
         file.fail();
+    unfinished.is_kept = true;
     folder.require(fsync(folder) == 0);
     struct stat status {};
     file.require(fstat(file, &status) == 0);

@@ -32,6 +32,7 @@ Reply::Reply(formats::Output& out, const data::Document& document, const OzkMapN
     const auto own_default = find([](const auto& each) { return each.name.empty(); });
     if (own_default == attributes.end())
         return;
+    has_default_    = true; // which may be none
     default_ns_uri_ = own_default->value;
     if (default_ns_uri_ != data::NS_NETCONF)
         prefix_ = find([](const auto& each) { return each.value == data::NS_NETCONF; })->name + ":";
@@ -67,7 +68,8 @@ void Reply::open()
             tag += fmt::format(" {}{}{}=\"{}\"", each.prefix, is_plain ? "" : ":", each.name,
                                escaped(each.value, true));
         }
-    if (default_ns_uri_.empty()) {
+    if (!has_default_) {
+        has_default_ = true;
         tag += fmt::format(" xmlns=\"{}\"", data::NS_NETCONF);
         default_ns_uri_ = data::NS_NETCONF;
     }

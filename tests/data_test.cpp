@@ -225,7 +225,9 @@ TEST(Edit, ChangesData)
         // no default operation
         {"top(mode=a)", "top(mode=b)", "top(mode=a)", Edit::none},
         {"top(mode=a)", "top(mode=b@merge)", "top(mode=b)", Edit::none},
-        {"", "top(mode=b@merge)", "data-missing at top", Edit::none},
+        {"", "top(mode=b@merge)", "top(mode=b)", Edit::none},
+        {"", "top(mode=b@remove)", "", Edit::none},
+        {"top", "top(box(size=b@merge))", "data-missing at box", Edit::none},
         {"top(list(key=a))", "top(list(key=b text=t@merge))", "data-missing at list", Edit::none},
         {"top(list(key=a))", "top(list(key=a text=t@merge))", "top(list(key=a text=t))",
          Edit::none},
@@ -243,6 +245,36 @@ TEST(Edit, ChangesData)
     for (const auto& row : rows)
         EXPECT_EQ(edited(row.before, row.edit, row.by_default), row.after)
             << row.before << " edited by " << row.edit;
+}
+
+// One document, edited again and again: what it knows of its lists has to go with the data.
+TEST(Edit, AfterEdits)
+{
+    Document document{.name = "data", .tree = tree_with("top")};
+    const auto edit = [&](std::string_view text) {
+        const ozk::Tree request = tree_with(text, Edit::merge);
+        apply_edit(document, document.tree.top(), request.top(), lists);
+    };
+    const std::string list = long_list();
+    const std::string some = list.substr(0, list.find(" list(key=20 "));
+    const auto renamed     = [&] {
+        std::string other = some;
+        for (size_t at = 0; (at = other.find("key=", at)) != other.npos; at += 5)
+            other.insert(at + 4, "x");
+        return other;
+    }();
+    edit("top(" + list + ")");
+    edit("top(" + list + ")");
+    edit("top@replace");
+    edit("top(" + renamed + ")");
+    edit("top(" + renamed + ")");
+    EXPECT_EQ(shown(document.tree.top(), ns), "top(" + renamed + ")");
+    std::string leaves = "top(" + renamed;
+    for (int i = 0; i < 40; ++i)
+        leaves += " leaf" + std::to_string(i) + "=v";
+    edit(leaves + ")");
+    edit(leaves + " more=w)");
+    EXPECT_EQ(shown(document.tree.top(), ns), leaves + " more=w)");
 }
 
 // Entries are found by an index, which goes with what the edit itself adds and drops.

@@ -1,0 +1,812 @@
+#!/usr/bin/env python3
+"""Sessions of `ymap serve` over pipes: what a client sends, byte by byte, what it gets, what is
+stored and what the log says. No SSH is needed: the server knows nothing of it.
+"""
+
+import argparse
+import contextlib
+import json
+import os
+import pathlib
+import re
+import select
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+import traceback
+import xml.etree.ElementTree as ET
+
+TOP = pathlib.Path(__file__).resolve().parent.parent
+NC = "urn:ietf:params:xml:ns:netconf:base:1.0"
+IF = "urn:ietf:params:xml:ns:yang:ietf-interfaces"
+CFG = "http://brelvik.example/ns/yang/Brelvik-NQ-ifmgr-cfg"
+MONITORING = "urn:ietf:params:xml:ns:yang:ietf-netconf-monitoring"
+BASE = "urn:ietf:params:netconf:base:"
+LOOPBACK = "loopback10"
+YMAP = None
+SANITIZED = False
+DEADLINE = 60  # seconds that a test waits for anything
+
+
+def expect(condition, what):
+    if not condition:
+        raise AssertionError(what)
+
+
+def hello(*versions, more=""):
+    capabilities = "".join(f"<capability>{BASE}{each}</capability>" for each in versions)
+    return f'<hello xmlns="{NC}"><capabilities>{capabilities}</capabilities>{more}</hello>'
+
+
+def rpc(operation, attributes='message-id="1"'):
+    return f'<rpc xmlns="{NC}" {attributes}>{operation}</rpc>'
+
+
+def ended(message):
+    return message.encode() + b"]]>]]>"
+
+
+def chunked(message, sizes=()):
+    message, out = message.encode(), b""
+    for size in (*sizes, len(message)):
+        piece, message = message[:size], message[size:]
+        out += b"\n#%d\n%s" % (len(piece), piece) if piece else b""
+    return out + b"\n##\n"
+
+
+def interfaces(content, attributes=""):
+    return f'<interfaces xmlns="{IF}" xmlns:nc="{NC}"{attributes}>{content}</interfaces>'
+
+
+def interface(name, content="", attributes=""):
+    return interfaces(f"<interface{attributes}><name>{name}</name>{content}</interface>")
+
+
+def operation(name):
+    return f' nc:operation="{name}"'
+
+
+def get(content=None, name="get", source=""):
+    return f"<{name}>{source}" + ("" if content is None else
+                                  f"<filter>{content}</filter>") + f"</{name}>"
+
+
+def get_config(content=None, source="<running/>"):
+    return get(content, "get-config", f"<source>{source}</source>")
+
+
+def edit(config, options="", target="<running/>"):
+    return (f"<edit-config><target>{target}</target>{options}<config>{config}</config>"
+            "</edit-config>")
+
+
+def describe(text, name=LOOPBACK):
+    return edit(interface(name, f"<description>{text}</description>"))
+
+
+def locks(name, target="<running/>"):
+    return f"<{name}><target>{target}</target></{name}>"
+
+
+def get_schema(identifier, more=""):
+    return (f'<get-schema xmlns="{MONITORING}"><identifier>{identifier}</identifier>{more}'
+            "</get-schema>")
+
+
+class Reply:
+    """A message of the server. `errors` are tuples of type, tag and what else is told."""
+
+    def __init__(self, text):
+        self.text = text.decode()
+        self.top = ET.fromstring(text)
+        self.errors = [{re.sub("{.*}", "", each.tag): (each.text or "").strip()
+                        for each in error.iter()}
+                       for error in self.top.findall(f"{{{NC}}}rpc-error")]
+
+    @property
+    def ok(self):
+        return self.top.find(f"{{{NC}}}ok") is not None
+
+    @property
+    def tags(self):
+        return [each["error-tag"] for each in self.errors]
+
+
+class Session:
+    def __init__(self, folder, *options, running="running.xml", state=("state.xml",), version="1.1"):
+        self.folder = folder
+        log = open(folder / "log", "ab")
+        self.log_begin = os.fstat(log.fileno()).st_size
+        self.process = subprocess.Popen(
+            [YMAP, "serve", "--running", running, "--log-to-stderr",
+             *(f"--state={each}" for each in state), *options],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=log, cwd=folder,
+            env={**os.environ, "USER": "ada", "SSH_CONNECTION": "192.0.2.1 5 192.0.2.2 22"})
+        log.close()
+        self.input, self.output = self.process.stdin, self.process.stdout.fileno()
+        self.received, self.framing = b"", ended
+        self.id = self.process.pid
+        if version:
+            self.hello = self.read_message()
+            self.send(ended(hello(version)))
+            self.framing = chunked if version == "1.1" else ended
+
+    def send(self, data):
+        with contextlib.suppress(BrokenPipeError):
+            self.input.write(data)
+            self.input.flush()
+
+    def send_in_background(self, data):
+        thread = threading.Thread(target=self.send, args=(data,), daemon=True)
+        thread.start()
+        return thread
+
+    def read(self):
+        ready, _, _ = select.select([self.output], [], [], DEADLINE)
+        expect(ready, f"no answer within {DEADLINE} s; so far {self.received[-200:]!r}")
+        data = os.read(self.output, 1 << 16)
+        self.received += data
+        return data
+
+    def read_message(self):
+        """The next message, out of its frame; None at the end of the session's output."""
+        while True:
+            taken = self.take_message()
+            if taken is not None:
+                return Reply(taken)
+            if not self.read():
+                expect(not self.received, f"half a message: {self.received[-200:]!r}")
+                return None
+
+    def take_message(self):
+        if self.framing is ended:
+            message, mark, rest = self.received.partition(b"]]>]]>")
+            if not mark:
+                return None
+            self.received = rest
+            return message
+        at, message = 0, b""
+        while True:
+            head = re.match(rb"\n#([1-9][0-9]*|#)\n", self.received[at:at + 14])
+            if not head:
+                return None
+            at += head.end()
+            if head[1] == b"#":
+                self.received = self.received[at:]
+                return message
+            message += self.received[at:at + int(head[1])]
+            at += int(head[1])
+
+    def ask(self, body, attributes='message-id="1"'):
+        self.send(self.framing(rpc(body, attributes)))
+        reply = self.read_message()
+        expect(reply is not None, f"no reply to {body[:200]}; log: {self.log()}")
+        return reply
+
+    def do(self, body):
+        reply = self.ask(body)
+        expect(reply.ok, f"not ok: {body[:200]}: {reply.text[:1000]}")
+
+    def refuse(self, body, *tags):
+        reply = self.ask(body)
+        expect(reply.tags == list(tags), f"{tags} expected: {body[:300]}: {reply.text[:1000]}")
+        return reply
+
+    def end(self):
+        """Closes the input; the exit status."""
+        with contextlib.suppress(BrokenPipeError):
+            self.input.close()
+        return self.wait()
+
+    def wait(self):
+        """The exit status; what was still sent to us stays in `received`."""
+        while self.read():
+            pass
+        return self.process.wait(DEADLINE)
+
+    def log(self):
+        text = (self.folder / "log").read_bytes()[self.log_begin:].decode()
+        return [line for line in text.splitlines() if f"session {self.id}:" in line
+                or "session" not in line]
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+        self.process.stdout.close()
+        with contextlib.suppress(BrokenPipeError):
+            self.input.close()
+
+
+def description(folder, name=LOOPBACK):
+    """The description of an interface in the stored document; None without one."""
+    for entry in ET.parse(folder / "running.xml").getroot():
+        if entry.findtext(f"{{{CFG}}}interface-name") == name:
+            return entry.findtext(f"{{{CFG}}}description")
+    return None
+
+
+# ------------------------------------------------------------------------------------------------
+# Framing and hellos
+
+def framing(folder):
+    """Messages however their bytes are cut; both framings, several messages at once."""
+    two = [rpc(get_config(interface(LOOPBACK)), f'message-id="{i}"') for i in (1, 2)]
+    streams = {
+        "1.0": b"\n \n".join(map(ended, two)),
+        "1.1": chunked(two[0], [1, 1, 100]) + chunked(two[1], [200]),
+    }
+    for version, stream in streams.items():
+        for size in (1, 7, len(stream)):
+            with Session(folder, version=None) as session:
+                session.read_message()
+                session.framing = ended if version == "1.0" else chunked
+                stream_whole = ended(hello("1.0", version)) + stream
+                for at in range(0, len(stream_whole), size):
+                    session.send(stream_whole[at:at + size])
+                for i in "12":
+                    reply = session.read_message()
+                    expect(reply.top.get("message-id") == i and LOOPBACK in reply.top[0][0][0][0].text,
+                           f"{version} in pieces of {size}: {reply.text}")
+                expect(session.end() == 0, session.log())
+                expect("the client has gone" in session.log()[-1], session.log())
+
+
+# What a row is about; the bytes in place of the client's hello; what the log says of the end.
+HELLOS = [
+    ("of a version that nobody knows", ended(hello("2.0")), "no version of NETCONF"),
+    ("without a version", ended(hello()), "no version of NETCONF"),
+    ("without capabilities", ended(f'<hello xmlns="{NC}"/>'), "no 'capabilities'"),
+    ("with a session-id", ended(hello("1.1", more="<session-id>4</session-id>")), "no session-id"),
+    ("with something else", ended(hello("1.1", more="<x/>")), "'x' is not supported"),
+    ("of no namespace", ended(hello("1.1").replace(NC, "urn:x")), "a hello is expected"),
+    ("that is an rpc", ended(rpc(get())), "a hello is expected, not 'rpc'"),
+    ("that is no XML", ended("hello"), "bad hello: hello:1:"),
+    ("with a DOCTYPE", ended("<!DOCTYPE hello>" + hello("1.1")), "a DOCTYPE is not accepted"),
+    ("in chunks", chunked(hello("1.1")), "no hello within 1 s"),
+    ("that is too big", b"<" + b"x" * 5000, "a message of more than 4096 bytes"),
+    ("that doesn't end", hello("1.1").encode(), "no hello within 1 s"),
+    ("that doesn't come", b"", "no hello within 1 s"),
+]
+
+
+def hellos(folder):
+    with Session(folder) as session:
+        top = session.hello.top
+        ours = [each.text for each in top.iter(f"{{{NC}}}capability")]
+        expect(top.tag == f"{{{NC}}}hello" and
+               top.findtext(f"{{{NC}}}session-id") == str(session.id), session.hello.text)
+        for each in (BASE + "1.0", BASE + "1.1",
+                     "urn:ietf:params:netconf:capability:writable-running:1.0",
+                     "urn:ietf:params:netconf:capability:rollback-on-error:1.0",
+                     "urn:ietf:params:netconf:capability:validate:1.1"):
+            expect(each in ours, f"{each} is not among {ours}")
+        expect(any(each.startswith(f"{IF}?module=ietf-interfaces&revision=2014-05-08")
+                   for each in ours), ours)
+    for what, sent, reason in HELLOS:
+        with Session(folder, "--hello-timeout=1", "--max-message=4096", version=None) as session:
+            session.read_message()
+            session.send(sent)
+            expect(session.wait() == 1 and session.received == b"",
+                   f"hello {what}: {session.received}")
+            expect(reason in session.log()[-1], f"hello {what}: {session.log()}")
+
+
+WHOLE = rpc(get_config(interface(LOOPBACK)))
+
+# What a row is about; what is sent in place of a message of base:1.1; what the log says.
+BAD_FRAMES = [
+    ("a chunk of no bytes", b"\n#0\n", "begins with 0"),
+    ("a size that is no number", b"\n#abc\n", "no number"),
+    ("a size with a zero ahead", b"\n#012\nxxxxxxxxxxxx\n##\n", "begins with 0"),
+    ("a size with a blank", b"\n#12 \n", "no number"),
+    ("a negative size", b"\n#-1\n", "no number"),
+    ("no size", b"\n#\n", "no number"),
+    ("a size beyond all chunks", b"\n#4294967296\n", "larger than 4294967295"),
+    ("a size without end", b"\n#" + b"1" * 5000, "larger than 4294967295"),
+    ("an end without a chunk", b"\n##\n", "without a chunk"),
+    ("text between chunks", b"\n#1\nx!\n##\n", "no chunk begins"),
+    ("the other framing", ended(WHOLE), "no chunk begins"),
+    ("a carriage return", b"\r\n#1\r\nx", "no chunk begins"),
+    ("a size without a line feed, and then nothing", b"\n#12", "for 1 s within a message"),
+    ("a chunk cut short, and then nothing", b"\n#12\nxxx", "for 1 s within a message"),
+    ("4 GB announced, and then nothing", b"\n#4294967295\nxxx", "for 1 s within a message"),
+]
+
+
+def bad_frames(folder):
+    for what, sent, reason in BAD_FRAMES:
+        with Session(folder, "--frame-timeout=1") as session:
+            session.send(chunked(WHOLE) + sent)
+            expect(LOOPBACK in session.read_message().text, what)
+            if "4 GB" in what:
+                time.sleep(0.2)
+                size = re.search(r"VmPeak:\s*(\d+)",
+                                 pathlib.Path(f"/proc/{session.id}/status").read_text())
+                expect(SANITIZED or int(size[1]) < 200_000, f"{size[1]} kB for {what}")
+            expect(session.wait() == 1 and session.received == b"", f"{what}: {session.received}")
+            expect(reason in session.log()[-1], f"{what}: {session.log()}")
+
+
+def ends(folder):
+    """Ends that are no fault, and that a client causes in the midst of things."""
+    with Session(folder) as session:
+        session.send(chunked(WHOLE))
+        expect(session.end() == 0 and LOOPBACK.encode() in session.received,
+               "a whole request at the end of input is answered")
+    with Session(folder) as session:
+        session.send(chunked(WHOLE)[:-2])
+        expect(session.end() == 1 and session.received == b"", session.received)
+        expect("ended within a message" in session.log()[-1], session.log())
+    with Session(folder) as session:
+        session.do("<close-session/>")
+        expect(session.wait() == 0 and "closed by the client" in session.log()[-1], session.log())
+    for name in (signal.SIGTERM, signal.SIGHUP):
+        with Session(folder) as session:
+            session.ask(get_config(interface(LOOPBACK)))
+            session.process.send_signal(name)
+            expect(session.wait() == 0 and "by a signal" in session.log()[-1], session.log())
+    with Session(folder, "--idle-timeout=1") as session:
+        session.ask(get_config(interface(LOOPBACK)))
+        expect(session.wait() == 0 and "idle for 1 s" in session.log()[-1], session.log())
+    # A client that takes no answers; and one that has gone when the answer is ready.
+    many = chunked(rpc(get())) * 1000
+    with Session(folder, "--write-timeout=1") as session:
+        sender = session.send_in_background(many)
+        expect(session.process.wait(DEADLINE) == 1, "the end of a session that takes no answer")
+        expect("took nothing of an answer for 1 s" in session.log()[-1], session.log())
+        sender.join(DEADLINE)
+    with Session(folder) as session:
+        session.process.stdout.close()
+        session.output = os.open("/dev/null", os.O_RDONLY)
+        session.send(many[:10000])
+        expect(session.process.wait(DEADLINE) == 1, "the end of a session without a client")
+        expect("cannot write" in session.log()[-1], session.log())
+
+
+def too_big(folder):
+    limit = 100_000
+    long = rpc(describe("x" * limit))
+    for version, message in (("1.0", ended(long)), ("1.1", chunked(long)),
+                             ("1.1", chunked(long, [1000] * 50))):
+        with Session(folder, f"--max-message={limit}", version=version) as session:
+            sender = session.send_in_background(message * 2)
+            reply = session.read_message()
+            expect(reply.tags == ["too-big"], reply.text)
+            expect(session.read_message() is None, "one answer, and the end")
+            sender.join(DEADLINE)
+            expect(session.wait() == 1 and f"more than {limit} bytes" in session.log()[-1],
+                   session.log())
+    # One that never ends is taken in up to a bound.
+    with Session(folder, f"--max-message={limit}") as session:
+        sender = session.send_in_background(b"\n#4294967295\n" + b"x" * 100_000_000)
+        expect(session.read_message().tags == ["too-big"], "too-big")
+        expect(session.wait() == 1, session.log())
+        sender.join(DEADLINE)
+    # What has just the size that is allowed is answered.
+    fit = rpc(get_config(interface(LOOPBACK)))
+    for framing_of, version in ((ended, "1.0"), (chunked, "1.1")):
+        padded = fit + " " * (limit - len(fit))
+        with Session(folder, f"--max-message={limit}", version=version) as session:
+            session.send(framing_of(padded))
+            expect(LOOPBACK in session.read_message().text, "a message of the largest size")
+
+
+def memory(folder):
+    """A client that sends what takes most memory: its session is bounded by what the bytes need."""
+    if SANITIZED:
+        return
+    key = LOOPBACK + "x" * 4_000_000
+    for what, message in (
+            ("errors below a long key", edit(interface(key, "<a/>" * 3_000_000))),
+            ("empty elements", edit("<a xmlns='urn:x'/>" + "<a/>" * 4_000_000)),
+            ("unknown leaves", edit(interface(LOOPBACK, "<a/>" * 4_000_000))),
+            ("entries without a key", edit(interfaces("<interface/>" * 1_300_000))),
+            ("filters", get(interfaces("<interface><a/></interface>" * 600_000))),
+            ("blanks", get(interfaces(" " * 16_000_000)))):
+        with Session(folder) as session:
+            sender = session.send_in_background(chunked(rpc(message)))
+            while session.take_message() is None:
+                session.read()
+            sender.join(DEADLINE)
+            size = int(re.search(r"VmHWM:\s*(\d+)", pathlib.Path(
+                f"/proc/{session.id}/status").read_text())[1])
+            expect(size < 1_500_000, f"16 MB of {what} took {size} kB")
+            session.received = b""
+            expect(LOOPBACK in session.ask(get_config(interface(LOOPBACK))).text, what)
+
+
+# ------------------------------------------------------------------------------------------------
+# Operations
+
+DELETE_MISSING = edit(interface(LOOPBACK, f"<enabled{operation('delete')}/>"))
+
+# The operation; the tags of the errors that answer it, or () for <ok/>; what the reply has in it.
+OPERATIONS = [
+    (describe("new"), (), ""),
+    (edit(interface("loopback11", "<enabled>true</enabled>", operation("create"))), (), ""),
+    (edit(interface(LOOPBACK, "", operation("create"))), ("data-exists",),
+     f"/if:interfaces/if:interface[if:name='{LOOPBACK}']</"),
+    (DELETE_MISSING, ("data-missing",), "/if:enabled</"),
+    (edit(interface("loopback99", "", operation("remove"))), (), ""),
+    (edit(interfaces("<interface><description>x</description></interface>")),
+     ("missing-element",), "<bad-element>name</bad-element>"),
+    (edit(interface(LOOPBACK, "<type>x</type><foo/>")),
+     ("operation-not-supported", "unknown-element"), "<bad-element>foo</bad-element>"),
+    (edit(interface(LOOPBACK, "<description/>", ' nc:operation="move"')), ("bad-attribute",),
+     "<bad-attribute>operation</bad-attribute>"),
+    (edit(interface(LOOPBACK, "", ' operation="delete"')), ("unknown-attribute",), "operation"),
+    (edit("<x xmlns='urn:x'/>"), ("unknown-namespace",), "<bad-namespace>urn:x</bad-namespace>"),
+    (edit(f'<interfaces-state xmlns="{IF}"/>'), ("operation-not-supported",), "is state"),
+    (edit("", "<default-operation>none</default-operation>"), (), ""),
+    (edit(interface("loopback99"), "<default-operation>none</default-operation>"),
+     ("data-missing",), ""),
+    (edit("", "<default-operation>sideways</default-operation>"), ("invalid-value",), "sideways"),
+    (edit("", "<error-option>rollback-on-error</error-option>"), (), ""),
+    (edit("", "<error-option>stop-on-error</error-option>"), (), ""),
+    (edit("", "<error-option>continue-on-error</error-option>"), ("operation-not-supported",), ""),
+    (edit("", "<test-option>set</test-option>"), (), ""),
+    (edit("", "<test-option>test-then-set</test-option>"), (), ""),
+    (edit(interface("loopback77"), "<test-option>test-only</test-option>"), (), ""),
+    (edit(interface(LOOPBACK, "", operation("create")), "<test-option>test-only</test-option>"),
+     ("data-exists",), ""),
+    (edit("", target="<candidate/>"), ("invalid-value",), "/nc:rpc/nc:edit-config/nc:target"),
+    (edit("", target=""), ("bad-element",), "no name of a datastore"),
+    ("<edit-config><target><running/></target></edit-config>", ("missing-element",),
+     "<bad-element>config</bad-element>"),
+    ("<edit-config><target><running/></target><url>ftp://x</url></edit-config>",
+     ("unknown-element",), "<bad-element>url</bad-element>"),
+    (f'<edit-config><target><running/></target><config><interface-configurations xmlns="{CFG}">'
+     "<interface-configuration><active>prepared</active><interface-name>gigabit-ethernet-0/2/0"
+     "</interface-name><description>native</description></interface-configuration>"
+     "</interface-configurations></config></edit-config>", (), ""),
+    (get_config(source="<startup/>"), ("invalid-value",), "startup"),
+    ("<get-config/>", ("missing-element",), "<bad-element>source</bad-element>"),
+    ('<get><filter type="xpath" select="/"/></get>', ("bad-attribute",), "xpath"),
+    ("<get><with-defaults/></get>", ("unknown-element",), "with-defaults"),
+    ("<validate><source><running/></source></validate>", (), ""),
+    (f"<validate><source><config>{interface('a', '<enabled>true</enabled>')}</config></source>"
+     "</validate>", (), ""),
+    (f"<validate><source><config>{interface('a', '<type>x</type>')}</config></source></validate>",
+     ("operation-not-supported",), "<bad-element>type</bad-element>"),
+    (f"<validate><source><config>{interface('a', '', operation('delete'))}</config></source>"
+     "</validate>", ("unknown-attribute",), ""),
+    ("<validate><source><candidate/></source></validate>", ("invalid-value",), "candidate"),
+    ("<validate/>", ("missing-element",), "<bad-element>source</bad-element>"),
+    (locks("lock"), (), ""),
+    (locks("lock"), ("lock-denied",), "<session-id>"),
+    (locks("lock", "<candidate/>"), ("invalid-value",), "candidate"),
+    (locks("unlock"), (), ""),
+    (locks("unlock"), ("operation-failed",), "no lock"),
+    ("<lock/>", ("missing-element",), "<bad-element>target</bad-element>"),
+    ("<kill-session><session-id>1</session-id></kill-session>", ("invalid-value",), "no session 1"),
+    ("<kill-session><session-id>x</session-id></kill-session>", ("invalid-value",), "session-id"),
+    ("<kill-session><session-id>4294967290</session-id></kill-session>", ("invalid-value",), ""),
+    ("<kill-session/>", ("missing-element",), "<bad-element>session-id</bad-element>"),
+    ("<close-session><x/></close-session>", ("unknown-element",), ""),
+    (get_schema("no-such-module"), ("invalid-value",), "no-such-module"),
+    (get_schema("ietf-interfaces", "<format>xsd</format>"), ("invalid-value",), "xsd"),
+    (f'<get-schema xmlns="{MONITORING}"/>', ("missing-element",), "identifier"),
+    ("<commit/>", ("operation-not-supported",), "<bad-element>commit</bad-element>"),
+    ("<copy-config/>", ("operation-not-supported",), "<bad-element>copy-config</bad-element>"),
+    ('<get xmlns="urn:x"/>', ("operation-not-supported",), "<bad-element>get</bad-element>"),
+    ("", ("missing-element",), "holds no operation"),
+    ("<get/><get/>", ("malformed-message",), "follows the operation"),
+    ("text", ("malformed-message",), "text is not expected"),
+]
+
+
+def operations(folder):
+    with Session(folder) as session:
+        for body, tags, part in OPERATIONS:
+            reply = session.ask(body)
+            expect(reply.tags == list(tags) and reply.ok == (not tags) and part in reply.text,
+                   f"{body}\n{tags}, {part}: {reply.text}")
+        expect(description(folder) == "new" and
+               description(folder, "gigabit-ethernet-0/2/0") == "native", "what is stored")
+        expect("loopback77" not in (folder / "running.xml").read_text(), "a test stores nothing")
+
+
+def reads(folder):
+    """Filters on both faces of the router, state, and the server's own."""
+    with Session(folder) as session:
+        both = session.ask(get()).text
+        for part in (f'<interfaces xmlns="{IF}">', f'<interfaces-state xmlns="{IF}">',
+                     f'<interface-configurations xmlns="{CFG}">', "<netconf-state "):
+            expect(part in both, f"{part} is not in {both[:2000]}")
+        config = session.ask(get_config()).text
+        expect("interface-configurations" in config and "state" not in config, config)
+        one = session.ask(get_config(interface(LOOPBACK, "<description/>"))).top
+        expect([each.text for each in one.iter() if each.text] == [LOOPBACK, "Router identity"],
+               ET.tostring(one))
+        expect(len(session.ask(get("")).top[0]) == 0, "an empty filter selects nothing")
+        expect(len(session.ask(get('<x xmlns="urn:x"/>')).top[0]) == 0, "an unknown root is none")
+        expect("urn:x" not in session.log()[-1] and "'x'" in session.log()[-1], session.log())
+        entry = f'<interface xmlns="{CFG}"/>'
+        expect(len(session.ask(get(entry)).top[0]) == 0, "no root of that name")
+        lock = f'<netconf-state xmlns="{MONITORING}"><datastores/></netconf-state>'
+        expect("global-lock" not in session.ask(get(lock)).text, "no lock")
+        session.do(locks("lock"))
+        reply = session.ask(get(lock)).text
+        expect(f"<locked-by-session>{session.id}<" in reply and "capabilities" not in reply, reply)
+
+
+def schemas(folder):
+    """Each module that the server has is in its hello, and comes with get-schema."""
+    with Session(folder) as session:
+        listed = session.ask(get(f'<netconf-state xmlns="{MONITORING}"><schemas/></netconf-state>'))
+        modules = [each.text for each in listed.top.iter(f"{{{MONITORING}}}identifier")]
+        expect(len(modules) >= 3, listed.text)
+        for module in modules:
+            expect(f"?module={module}" in session.hello.text, f"{module}: {session.hello.text}")
+            data = session.ask(get_schema(module, '<format xmlns:m="x">m:yang</format>')).top[0]
+            expect(data.tag == f"{{{MONITORING}}}data" and data.text.startswith(f"module {module} "),
+                   data.text)
+            session.refuse(get_schema(module, "<version>1999-01-01</version>"), "invalid-value")
+
+
+def replies(folder):
+    """The envelope: attributes, prefixes, what can't be read."""
+    attributes = 'message-id="a&amp;&lt;b" xmlns:x="urn:x" x:mine="&quot;1&quot;"'
+    with Session(folder) as session:
+        for body in (get_config(interface(LOOPBACK)), "<commit/>", locks("unlock")):
+            top = session.ask(body, attributes).top
+            expect(top.attrib == {"message-id": "a&<b", "{urn:x}mine": '"1"'}, top.attrib)
+        session.send(chunked(f'<n:rpc message-id="2" xmlns:n="{NC}"><n:validate><n:source>'
+                             "<n:running/></n:source></n:validate></n:rpc>"))
+        expect(session.read_message().ok, "prefixes")
+        reply = session.ask(get(), "")
+        expect(reply.errors[0] == {"rpc-error": "", "error-type": "rpc",
+                                   "error-tag": "missing-attribute", "error-severity": "error",
+                                   "error-message": "the rpc has no message-id",
+                                   "error-info": "", "bad-attribute": "message-id",
+                                   "bad-element": "rpc"}, reply.errors)
+    # Of errors that are new in base:1.1, an old client is told as it knows them.
+    for version, tag in (("1.0", "operation-failed"), ("1.1", "malformed-message")):
+        with Session(folder, version=version) as session:
+            for message, part in (("<rpc\n\n>", ":3:"), ("<rpc message-id='1'/>", "'rpc'"),
+                                  (" ", ":1:"), (hello("1.1"), "'hello'"), ("\xe9\0", ":1:"),
+                                  (rpc("<a>" * 100), "deeper than 64 levels"),
+                                  ("<!DOCTYPE x [<!ENTITY a 'b'>]>" + WHOLE, "DOCTYPE")):
+                session.send(session.framing(message))
+                reply = session.read_message()
+                expect(reply.tags == [tag] and reply.errors[0]["error-type"] == "rpc" and
+                       part in reply.errors[0]["error-message"], f"{message[:40]}: {reply.text}")
+            expect(LOOPBACK in session.ask(get_config(interface(LOOPBACK))).text, "it goes on")
+
+
+def options(folder):
+    with Session(folder, "--unmapped=drop") as session:
+        session.do(edit(interface(LOOPBACK, "<type>x</type><description>d</description>")))
+        expect(description(folder) == "d", "the rest is carried out")
+        expect(": ok; not carried out: /interfaces/interface[name='loopback10']/type"
+               in session.log()[-1], session.log())
+    before = (folder / "running.xml").read_bytes()
+    with Session(folder, "--read-only") as session:
+        expect("writable-running" not in session.hello.text, session.hello.text)
+        for body in (describe("x"), locks("lock"), locks("unlock"),
+                     f"<kill-session><session-id>{session.id}</session-id></kill-session>"):
+            session.refuse(body, "access-denied")
+        session.do("<validate><source><running/></source></validate>")
+        session.do("<close-session/>")
+    expect((folder / "running.xml").read_bytes() == before, "nothing is written")
+    root = {"Brelvik-NQ-ifmgr-cfg:interface-configurations": {"interface-configuration": [
+        {"active": "act", "interface-name": "a"}]}}
+    (folder / "running.json").write_text(json.dumps(root))
+    with Session(folder, "--read-only", running="running.json") as session:
+        expect("<name>a</name>" in session.ask(get_config()).text, "JSON")
+    for running, part in (("running.json", "in JSON can't be edited"), ("none.xml", "cannot open"),
+                          (".", "")):
+        with Session(folder, running=running, version=None) as session:
+            expect(session.wait() == 2 and session.received == b"", running)
+            expect(part in session.log()[-1], session.log())
+
+
+def logs(folder):
+    with Session(folder) as session:
+        session.do(describe("x"))
+        session.ask(DELETE_MISSING.replace(LOOPBACK, "a&#10;session 1: b"))
+        session.end()
+        begin, first, second, last = session.log()
+        expect(begin.endswith("begins: ada (192.0.2.1 5 192.0.2.2 22)"), begin)
+        expect(first.endswith("edit by ada (192.0.2.1 5 192.0.2.2 22) of /interfaces: ok"), first)
+        expect(": refused: data-missing /interfaces/interface[name='a session 1: b']" in second,
+               second)
+        expect("ends: the client has gone" in last, last)
+    with Session(folder, "--log=trace") as session:
+        session.ask(get_config(interface(LOOPBACK)))
+        expect(len((folder / "log").read_text().splitlines()) > 5, "the map's own log")
+
+
+# ------------------------------------------------------------------------------------------------
+# Files, and several sessions
+
+def sessions(folder):
+    """Locks, edits and kills among sessions on one document."""
+    with Session(folder) as one, Session(folder) as two:
+        two.do(describe("of two"))
+        expect("of two" in one.ask(get_config(interface(LOOPBACK))).text, "each other's edits")
+        one.do(locks("lock"))
+        for body, tag in ((locks("lock"), "lock-denied"), (describe("x"), "in-use")):
+            reply = two.refuse(body, tag)
+            expect(reply.errors[0]["session-id"] == str(one.id), reply.text)
+        two.refuse(locks("unlock"), "operation-failed")
+        two.do(edit(interface("x"), "<test-option>test-only</test-option>"))
+        one.do(describe("of one"))
+        one.do(locks("unlock"))
+        two.do(locks("lock"))
+        two.do(locks("unlock"))
+        # Whoever closes is told so when the lock is free.
+        one.do(locks("lock"))
+        one.do("<close-session/>")
+        two.do(locks("lock"))
+        with Session(folder) as three:
+            three.refuse(f"<kill-session><session-id>{three.id}</session-id></kill-session>",
+                         "invalid-value")
+            three.refuse(f"<kill-session><session-id>{os.getpid()}</session-id></kill-session>",
+                         "invalid-value")
+            three.do(f"<kill-session><session-id>{two.id}</session-id></kill-session>")
+            three.do(locks("lock"))
+            expect(two.wait() == 0 and "by a signal" in two.log()[-1], two.log())
+            expect(f"session {two.id} was killed" in three.log()[-1], three.log())
+            # A session that hears nothing is ended all the same.
+            with Session(folder) as deaf:
+                deaf.ask(get_config(interface(LOOPBACK)))
+                deaf.process.send_signal(signal.SIGSTOP)
+                three.do(f"<kill-session><session-id>{deaf.id}</session-id></kill-session>")
+                expect(deaf.process.wait(DEADLINE) == -signal.SIGKILL, "killed")
+            three.process.kill()
+            three.process.wait()
+        with Session(folder) as four: # the kernel frees what a killed session held
+            four.do(locks("lock"))
+    expect(description(folder) == "of one", description(folder))
+
+
+def concurrent_edits(folder):
+    """Sessions that edit one document at once lose none of each other's edits."""
+    def work(number):
+        try:
+            with Session(folder) as session:
+                for i in range(count):
+                    session.do(edit(interface(f"loopback{number}.{i}", "", operation("create"))))
+        except AssertionError as error:
+            failures.append(error)
+
+    failures, workers, count = [], 6, 10
+    threads = [threading.Thread(target=work, args=(number,)) for number in range(workers)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    expect(not failures, failures)
+    names = re.findall(r"loopback\d\.\d", (folder / "running.xml").read_text())
+    expect(len(set(names)) == len(names) == workers * count, f"{len(names)} of {workers * count}")
+
+
+def changes_outside(folder):
+    """Documents that others write, whole and broken."""
+    running, state = folder / "running.xml", folder / "state.xml"
+    with Session(folder) as session:
+        one = get_config(interface(LOOPBACK))
+        expect("Router identity" in session.ask(one).text, "at first")
+        good = running.read_text()
+        running.write_text(good.replace("Router identity", "Router identitx"))
+        expect("Router identitx" in session.ask(one).text, "of the same size")
+        (folder / "other.xml").write_text(good.replace("Router identity", "renamed"))
+        (folder / "other.xml").rename(running)
+        session.do(describe("ours", "gigabit-ethernet-0/0/1"))
+        expect(description(folder) == "renamed", "an edit is of the document as it is")
+        good = running.read_text()
+        running.write_text("<interface-configurations\n\n")
+        for body in (one, describe("x"), "<validate><source><running/></source></validate>"):
+            reply = session.refuse(body, "operation-failed")
+            expect("running.xml:3: " in reply.text, reply.text)
+        running.unlink()
+        expect("cannot open" in session.refuse(one, "operation-failed").text, "gone")
+        running.write_text(good)
+        session.do(describe("back"))
+
+        counters = get(f'<interfaces-state xmlns="{IF}"/>')
+        expect("<statistics>" in session.ask(counters).text, "state")
+        good = state.read_text()
+        state.write_text(good[:len(good) // 2])
+        reply = session.refuse(counters, "operation-failed")
+        expect("state.xml:" in reply.text, reply.text)
+        session.do(describe("state is not asked for"))
+        state.write_text(good)
+        expect("<statistics>" in session.ask(counters).text, "state again")
+    running.write_text("broken")
+    with Session(folder) as session:
+        session.refuse(one, "operation-failed")
+        expect(any("running.xml:1: " in line for line in session.log()), session.log())
+
+
+def storing(folder):
+    """What an edit does with the file, and what is left when it can't be done."""
+    running = folder / "running.xml"
+    real = folder / "real"
+    real.mkdir()
+    running.rename(real / "running.xml")
+    running.symlink_to("real/running.xml")
+    os.chmod(real / "running.xml", 0o640)
+    (real / "running.xml.new").write_text("left by a session that was killed")
+    with Session(folder) as session:
+        session.do(describe("linked"))
+        expect(running.is_symlink() and description(folder) == "linked", "the link stays")
+        expect((real / "running.xml").stat().st_mode & 0o777 == 0o640, "the mode stays")
+        expect(sorted(each.name for each in real.iterdir()) == ["running.xml", "running.xml.lock"],
+               list(real.iterdir()))
+        before = running.read_bytes()
+        (real / "running.xml.new").mkdir()
+        reply = session.refuse(describe("x"), "operation-failed")
+        expect("cannot store the edit" in reply.text and running.read_bytes() == before, reply.text)
+        expect("linked" in session.ask(get_config(interface(LOOPBACK))).text, "what is stored")
+        (real / "running.xml.new").rmdir()
+        session.do(describe("stored"))
+        for _ in range(200): # what edits leave behind in memory is given back now and then
+            session.do(describe("x" * 100_000))
+        session.do(describe("y"))
+        size = int(re.search(r"VmRSS:\s*(\d+)", pathlib.Path(
+            f"/proc/{session.id}/status").read_text())[1])
+        expect(SANITIZED or size < 40_000, f"{size} kB after edits")
+    expect(description(folder) == "y", "the last edit")
+
+
+def deaths(folder):
+    """Sessions that are killed in the midst of edits: documents are whole, and no edit that was
+    answered is lost."""
+    for i in range(20):
+        with Session(folder) as session:
+            session.send(b"".join(chunked(rpc(describe(f"{i}.{j}"))) for j in range(50)))
+            time.sleep(0.003 * i * (5 if SANITIZED else 1))
+            session.process.kill()
+            session.process.wait()
+            while session.read():
+                pass
+            answered = session.received.count(b"<ok/>")
+            stored = description(folder)
+        run, at = stored.split(".") if "." in stored else ("-1", "-1")
+        expect(int(run) == i and int(at) + 1 in (answered, answered + 1) or
+               int(run) < i and answered == 0, f"{stored} after {answered} answers of run {i}")
+
+
+TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, schemas, replies,
+         options, logs, sessions, concurrent_edits, changes_outside, storing, deaths]
+
+
+def main():
+    global YMAP, SANITIZED
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--ymap", required=True)
+    parser.add_argument("--sanitized", action="store_true")
+    parser.add_argument("test", nargs="*", help="names of tests; all unless given")
+    arguments = parser.parse_args()
+    YMAP, SANITIZED = os.path.abspath(arguments.ymap), arguments.sanitized
+
+    failed = 0
+    for test in TESTS:
+        if arguments.test and test.__name__ not in arguments.test:
+            continue
+        with tempfile.TemporaryDirectory() as path:
+            folder = pathlib.Path(path)
+            for source, copy in (("native-configuration.xml", "running.xml"),
+                                 ("native-operational.xml", "state.xml")):
+                (folder / copy).write_bytes((TOP / "examples" / source).read_bytes())
+            begin = time.monotonic()
+            try:
+                test(folder)
+                print(f"{test.__name__}: {time.monotonic() - begin:.1f} s")
+            except Exception: # all tests are to have their turn
+                failed += 1
+                print(f"{test.__name__}: FAILED")
+                traceback.print_exc(file=sys.stdout)
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
