@@ -197,7 +197,7 @@ std::span<const Call> Run::calls() const
 
 std::span<const AddedPath> Run::added() const
 {
-    return state_->tree.paths;
+    return state_->tree.paths.all();
 }
 
 const char* Run::offending_tag() const
