@@ -528,9 +528,9 @@ void Server::Exchange::log_edit(const agent::Request& request,
     if (errors_.empty())
         line += ": ok";
     for (size_t i = 0; i < std::min(errors_.size(), told); ++i)
-        line +=
-            fmt::format("{} {} {}: {}", i == 0 ? ": refused:" : ";", errors_[i].tag,
-                        data::for_message(errors_[i].path), data::for_message(errors_[i].message));
+        line += fmt::format("{} {}{}{}: {}", i == 0 ? ": refused:" : ";", errors_[i].tag,
+                            errors_[i].path.empty() ? "" : " ", data::for_message(errors_[i].path),
+                            data::for_message(errors_[i].message));
     if (errors_.size() > told)
         line += fmt::format("; and {} more", errors_.size() - told);
     log(line, notes);
