@@ -44,7 +44,7 @@ private:
     std::string prefix_;         ///< of NETCONF's elements, with its colon
     std::string default_ns_uri_; ///< default namespace within the reply
     bool has_default_ = false;   ///< it is declared
-    size_t indent_ = 0;          ///< of what stands in the reply
+    size_t indent_    = 0;       ///< of what stands in the reply
 };
 
 } // namespace ymap::netconf

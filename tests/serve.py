@@ -416,7 +416,7 @@ def memory(folder):
             sender.join(DEADLINE)
             size = int(re.search(r"VmHWM:\s*(\d+)", pathlib.Path(
                 f"/proc/{session.id}/status").read_text())[1])
-            expect(size < 1_500_000, f"16 MB of {what} took {size} kB")
+            expect(size < 800_000, f"16 MB of {what} took {size} kB")
             session.received = b""
             expect(LOOPBACK in session.ask(get_config(interface(LOOPBACK))).text, what)
 
