@@ -133,6 +133,7 @@ void EnvelopeReader::require_known_root(const OzkMapNode& node)
         is_known ? "unknown-element" : "unknown-namespace",
         is_known ? fmt::format("unknown root '{}' of namespace '{}'", node.tag, text(node.ns_uri))
                  : fmt::format("unknown namespace '{}' of root '{}'", text(node.ns_uri), node.tag)};
+    error.message       = data::for_message(error.message);
     error.line          = node.line;
     error.bad_element   = node.tag;
     error.bad_namespace = is_known ? "" : text(node.ns_uri);
@@ -373,7 +374,7 @@ Error error_at(const char* tag, const std::string& message, const OzkMapNode& to
                const OzkMapNode& node)
 {
     data::InstancePaths paths(top, list_keys());
-    Error error{tag, message};
+    Error error{tag, data::for_message(message)};
     error.path       = paths.of(node);
     error.error_path = error_path(paths, node);
     error.line       = node.line;
