@@ -289,8 +289,8 @@ void EnvelopeReader::take_content(OzkMapNode& content)
     request_.content = &content;
     if (!request_.is_edit()) {
         const data::Document& document = request_.document;
-        if (!document.attributes.empty() ||
-            document.has_operations) // few bare trees: data, for one
+        // Data as a bare tree, which may be large, mostly has neither.
+        if (!document.attributes.empty() || document.has_operations)
             for (OzkMapNode& root : children(content))
                 mark_matches(root);
         find_namespaces(content);
