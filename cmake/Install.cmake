@@ -21,18 +21,32 @@ install(TARGETS ozk_map ymap_siblings EXPORT ymap_ietf_if
     LIBRARY DESTINATION ${stand_in_libdir} COMPONENT command NAMELINK_COMPONENT development)
 install(TARGETS ymap RUNTIME COMPONENT command)
 
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.sshd.conf
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap/examples COMPONENT command)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/serving.md
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap COMPONENT command)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/yang/
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/yang/modules/ymap COMPONENT command)
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.1
-    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
+# The pages lie to each other as they do in the project, so that their links hold.
+set(docdir ${CMAKE_INSTALL_DATAROOTDIR}/doc/ymap)
+set(modules ${CMAKE_INSTALL_DATAROOTDIR}/yang/modules/ymap)
+foreach(page README CHANGELOG CONTRIBUTING SECURITY)
+    install(FILES ${PROJECT_SOURCE_DIR}/${page}.md DESTINATION ${docdir} COMPONENT command)
+endforeach()
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${docdir} COMPONENT command)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${docdir} COMPONENT command
+    FILES_MATCHING PATTERN *.md PATTERN *.svg PATTERN yang EXCLUDE)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/yang/ DESTINATION ${modules} COMPONENT command)
+file(RELATIVE_PATH modules_from_docs /${docdir}/docs /${modules})
+install(CODE "file(CREATE_LINK ${modules_from_docs}
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${docdir}/docs/yang\" SYMBOLIC)" COMPONENT command)
+
+# man finds the page by the name of a verb, too.
+set(mandir ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.1 DESTINATION ${mandir} COMPONENT command)
+install(CODE "set(mandir \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${mandir}\")
+    execute_process(COMMAND gzip -9nf \${mandir}/ymap.1 COMMAND_ERROR_IS_FATAL ANY)
+    foreach(verb map read edit serve table replay)
+        file(CREATE_LINK ymap.1.gz \${mandir}/ymap-\${verb}.1.gz SYMBOLIC)
+    endforeach()" COMPONENT command)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.bash RENAME ymap
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions COMPONENT command)
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.zsh RENAME _ymap
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/zsh/vendor-completions COMPONENT command)
 
 # --- Development files
 

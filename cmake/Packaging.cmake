@@ -24,6 +24,11 @@ set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
     "YANG map library for ietf-interfaces
 Maps requests on ietf-interfaces to a router's native YANG models, and native
 data back, inside the agent's process.")
+# Packages that are built against the library find by this what to depend on.
+file(WRITE ${PROJECT_BINARY_DIR}/shlibs "libymap_ietf_if ${PROJECT_VERSION_MAJOR} "
+    "${CPACK_DEBIAN_LIBRARY_PACKAGE_NAME} (>= ${PROJECT_VERSION})\n")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_BINARY_DIR}/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers)
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libymap-ietf-if-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -41,5 +46,21 @@ set(CPACK_COMPONENT_COMMAND_DESCRIPTION
     "command that walks YANG map libraries
 Maps NETCONF documents as a router's agent does, over a stand-in of the agent's
 mapping framework.")
+
+# What each package has of its own below share/doc.
+file(STRINGS ${PROJECT_SOURCE_DIR}/packaging/changelog newest LIMIT_COUNT 1)
+if(NOT newest MATCHES "^ymap-ietf-if \\(${PROJECT_VERSION}\\) ")
+    message(FATAL_ERROR "packaging/changelog is of another version: ${newest}")
+endif()
+execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/changelog
+    OUTPUT_FILE ${PROJECT_BINARY_DIR}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+foreach(component ${CPACK_COMPONENTS_ALL})
+    string(TOUPPER ${component} name)
+    install(FILES ${PROJECT_BINARY_DIR}/changelog.gz ${PROJECT_SOURCE_DIR}/packaging/copyright
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${CPACK_DEBIAN_${name}_PACKAGE_NAME}
+        COMPONENT ${component})
+endforeach()
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/ymap.lintian-overrides RENAME ymap
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides COMPONENT command)
 
 include(CPack)

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# The command's help, its manual page and its completion in bash name the same verbs, the same
-# options of each verb and the same choices of each option.
-# usage: manual_test.sh YMAP PAGE COMPLETION
+# The command's help, its manual page and its completions in bash and zsh name the same verbs, the
+# same options of each verb and the same choices of each option.
+# usage: manual_test.sh YMAP FOLDER   with the page and the completions
 set -euo pipefail
 ymap=$1
-page=$2
-completion=$3
+folder=$2
+page=$folder/ymap.1
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -40,8 +40,8 @@ from_page()
         }' "$page"
 }
 
-# complete_words WORD...: what completing the last of these words offers.
-complete_words()
+# complete_in_SHELL WORD...: what completing the last of these words offers.
+complete_in_bash()
 {
     COMP_WORDS=("$@")
     COMP_CWORD=$(($# - 1))
@@ -49,16 +49,24 @@ complete_words()
     _ymap "$ymap" "${COMP_WORDS[COMP_CWORD]}" "${COMP_WORDS[COMP_CWORD - 1]}"
     printf '%s\n' "${COMPREPLY[@]}"
 }
+complete_in_zsh()
+{
+    # shellcheck disable=SC2016 # expanded by zsh
+    zsh -fc 'compadd() { print -l -- ${(P)2}; }
+             _files() { :; }
+             _ymap() { eval "$(<$1)"; }
+             page=$1; shift
+             words=("$@") CURRENT=$#; _ymap $page' zsh "$folder/ymap.zsh" "$ymap" "${@:2}"
+}
 
+# from_completion FUNCTION
 from_completion()
 {
-    # shellcheck disable=SC1090
-    source "$completion"
     local verb option
-    for verb in $(complete_words ymap ""); do
-        for option in $(complete_words ymap "$verb" --); do
+    for verb in $("$1" ymap ""); do
+        for option in $("$1" ymap "$verb" --); do
             case $option in --help | --help-all) continue ;; esac
-            echo "$verb $option $(complete_words ymap "$verb" "$option" "" | paste -sd,)"
+            echo "$verb $option $("$1" ymap "$verb" "$option" "" | paste -sd,)"
         done
     done
 }
@@ -74,7 +82,12 @@ in_order()
 from_help | in_order >"$work/help"
 grep -q 'map --format json table xml' "$work/help" # the help is read as it is meant to be
 from_page | in_order | diff "$work/help" - || { echo "the page's synopsis differs"; exit 1; }
-from_completion | in_order | diff "$work/help" - || { echo "the completion differs"; exit 1; }
+# shellcheck disable=SC1091
+source "$folder/ymap.bash"
+for shell in bash zsh; do
+    from_completion complete_in_$shell | in_order | diff "$work/help" - ||
+        { echo "the completion in $shell differs"; exit 1; }
+done
 
 # The command itself has no others, and each option has its paragraph in the page.
 "$ymap" --help | sed -n '/^Options:/,/^$/p' | grep -oE -- '--[a-z-]+' >>"$work/own"

@@ -4,7 +4,7 @@
 # projects against the development files in it, and removes the packages again.
 # usage: package_test.sh PACKAGE.deb...   as root, or where user namespaces are allowed
 set -euo pipefail
-here=$(cd "$(dirname "$0")" && pwd)
+tests=$(cd "$(dirname "$0")" && pwd)
 [ "$(id -u)" -eq 0 ] || exec unshare --map-root-user "$0" "$@"
 
 work=$(mktemp -d)
@@ -21,8 +21,15 @@ depends_of()
 {
     { case $1 in
         *.deb) dpkg-deb -f "$1" Depends Pre-Depends | sed 's/^[A-Za-z-]*: //' ;;
-        *) dpkg-query -W -f '${Depends}, ${Pre-Depends}\n' "$1" ;;
+        *) dpkg-query -W -f '${Depends}, ${Pre-Depends}\n' "$(here "$1")" ;;
     esac; } | tr ',' '\n' | sed 's/|.*//; s/(.*//; s/:any//; s/ //g' | sed '/^$/d'
+}
+
+# here NAME: the package for this machine's architecture, which may not be the only one installed.
+here()
+{
+    dpkg-query -W -f '${Architecture} ${binary:Package}\n' "$1" |
+        sed -nE "s/^(all|$(dpkg --print-architecture)) //p"
 }
 
 # What the machine has installed of the packages that these need, and those in turn.
@@ -42,8 +49,9 @@ while [ ${#queue[@]} -gt 0 ]; do
 done
 echo "package: a root folder with ${needed[*]}"
 for name in "${needed[@]}"; do
+    name=$(here "$name")
     { dpkg-query -s "$name" && echo; } >>"$root/var/lib/dpkg/status"
-    list=$root/var/lib/dpkg/info/$(dpkg-query -W -f '${binary:Package}' "$name").list
+    list=$root/var/lib/dpkg/info/$name.list
     dpkg-query -L "$name" | grep '^/' >"$list"
     while read -r file; do
         [ -d "$file" ] || [ ! -e "$file" ] || printf '%s\n' "${file#/}"
@@ -59,14 +67,20 @@ on_root()
 on_root --install "$@"
 
 echo "package: run"
-# The mount is gone with the process that made it.
-mkdir "$root/proc"
-# shellcheck disable=SC2016 # expanded by the inner shell
-unshare --mount sh -c 'mount --rbind /proc "$0/proc" && exec chroot "$0" "$@"' "$root" \
-    /usr/bin/ymap map --format xml /usr/share/doc/ymap/examples/edit-description.xml |
+# The loader asks there where the program lies. A real /proc would have to be mounted, and whoever is
+# in a chroot already may not do that.
+mkdir -p "$root/proc/self"
+ln -s /usr/bin/ymap "$root/proc/self/exe"
+chroot "$root" /usr/bin/ymap map --format xml /usr/share/doc/ymap/examples/edit-description.xml |
     diff <(sed '1,/^\$ ymap map --format xml examples\/edit-description.xml$/d; /^\$/,$d' \
-        "$here/transcripts/map.txt") -
-"$here/consumer/check" "$root/usr" "$work"
+        "$tests/transcripts/map.txt") -
+"$tests/consumer/check" "$root/usr" "$work"
+
+echo "package: pages"
+python3 "$tests/links.py" "$root/usr/share/doc/ymap"
+for package in "${own[@]}"; do
+    [ -s "$root/usr/share/doc/$package/copyright" ] && [ -s "$root/usr/share/doc/$package/changelog.gz" ]
+done
 
 echo "package: remove"
 on_root --purge "${own[@]}"
