@@ -560,6 +560,12 @@ def replies(folder):
         session.send(chunked(f'<n:rpc message-id="2" xmlns:n="{NC}"><n:validate><n:source>'
                              "<n:running/></n:source></n:validate></n:rpc>"))
         expect(session.read_message().ok, "prefixes")
+        session.send(chunked(f'<if:rpc message-id="3" xmlns:if="{NC}" xmlns="{IF}"><if:edit-config>'
+                             f"<if:target><if:running/></if:target><if:config><interfaces><interface"
+                             f' if:operation="create"><name>{LOOPBACK}</name></interface>'
+                             "</interfaces></if:config></if:edit-config></if:rpc>"))
+        reply = session.read_message()
+        expect(reply.top.find(f".//{{{NC}}}error-path") is not None, reply.text)
         reply = session.ask(get(), "")
         expect(reply.errors[0] == {"rpc-error": "", "error-type": "rpc",
                                    "error-tag": "missing-attribute", "error-severity": "error",
