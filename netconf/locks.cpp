@@ -56,7 +56,13 @@ Locks::~Locks()
 
 bool Locks::open_existing()
 {
-    file_ = open(path_.c_str(), (read_only_ ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOFOLLOW);
+    const int flags = (read_only_ ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOFOLLOW;
+    file_           = open(path_.c_str(), flags);
+    // Who has just made the file gives others their rights a moment later.
+    for (int i = 0; i < 200 && file_ < 0 && errno == EACCES && !read_only_; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        file_ = open(path_.c_str(), flags);
+    }
     if (file_ < 0 && errno != ENOENT && !read_only_)
         fail(path_);
     if (file_ >= 0)
