@@ -138,7 +138,9 @@ agent::Native NativeFile::get(uint64_t generation)
 
 void NativeFile::replace(const std::function<void()>& before_replacing)
 {
-    const struct stat old       = status_of(path_);
+    struct stat old {};
+    if (stat(path_.c_str(), &old) != 0)
+        throw std::system_error(errno, std::generic_category(), path_);
     const std::string new_path  = path_ + ".new";
     const std::string directory = fs::path(path_).parent_path();
     // One that a killed session has left may be another user's.
@@ -203,30 +205,28 @@ std::span<const agent::Native> FileStore::all()
     return natives_;
 }
 
-void FileStore::take_edit_mutex()
+FileStore::EditMutex FileStore::take_edit_mutex()
 {
     if (!locks_.take_edit_mutex(mutex_milliseconds_))
         throw RequestError({"in-use", fmt::format("other sessions have edited without a pause for "
                                                   "{} s",
                                                   mutex_milliseconds_ / 1000)});
+    return EditMutex(&locks_);
 }
 
 agent::Native FileStore::begin_edit()
 {
-    take_edit_mutex();
-    try {
-        if (const uint32_t holder = locks_.client_lock_holder();
-            holder != 0 && !locks_.has_client_lock()) {
-            Error error{"in-use",
-                        fmt::format("session {} has locked the running configuration", holder)};
-            error.session_id = std::to_string(holder);
-            throw RequestError(error);
-        }
-        return running();
-    } catch (...) {
-        locks_.free_edit_mutex();
-        throw;
+    EditMutex mutex = take_edit_mutex();
+    if (const uint32_t holder = locks_.client_lock_holder();
+        holder != 0 && !locks_.has_client_lock()) {
+        Error error{"in-use",
+                    fmt::format("session {} has locked the running configuration", holder)};
+        error.session_id = std::to_string(holder);
+        throw RequestError(error);
     }
+    const agent::Native native = running();
+    static_cast<void>(mutex.release()); // end_edit() frees it
+    return native;
 }
 
 void FileStore::commit()
@@ -250,10 +250,8 @@ void FileStore::end_edit(bool is_changed)
 
 void FileStore::lock()
 {
-    take_edit_mutex(); // no edit is half done when a lock is given
-    const bool is_taken = locks_.take_client_lock();
-    locks_.free_edit_mutex();
-    if (is_taken)
+    const EditMutex mutex = take_edit_mutex(); // no edit is half done when a lock is given
+    if (locks_.take_client_lock())
         return;
     const uint32_t holder = locks_.client_lock_holder();
     Error error{"lock-denied",

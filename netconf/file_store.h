@@ -5,6 +5,7 @@
 #define YMAP_NETCONF_FILE_STORE_H
 
 #include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -80,8 +81,14 @@ public:
     void kill_session(uint32_t id) override;
 
 private:
+    struct FreeEditMutex {
+        void operator()(Locks* locks) const { locks->free_edit_mutex(); }
+    };
+    /// The mutex of edits, until it is freed or released to who frees it.
+    using EditMutex = std::unique_ptr<Locks, FreeEditMutex>;
+
     agent::Native get(NativeFile& file, uint64_t generation);
-    void take_edit_mutex();
+    EditMutex take_edit_mutex();
 
     int mutex_milliseconds_;
     NativeFile running_;

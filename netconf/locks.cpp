@@ -106,11 +106,10 @@ uint32_t Locks::holder(off_t offset) const
 
 bool Locks::take_client_lock()
 {
-    if (has_client_lock_ || !set(F_WRLCK, CLIENT_LOCK))
+    if (client_lock_holder() != 0)
         return false;
-    has_client_lock_ = true;
     write_number(LOCK_TIME, static_cast<uint64_t>(time(nullptr)));
-    return true;
+    return has_client_lock_ = set(F_WRLCK, CLIENT_LOCK);
 }
 
 void Locks::free_client_lock()

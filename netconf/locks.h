@@ -25,7 +25,8 @@ public:
     Locks(const Locks&)            = delete;
     Locks& operator=(const Locks&) = delete;
 
-    /// The <lock> of a client (RFC 6241, 7.5); false if a session holds it.
+    /// The <lock> of a client (RFC 6241, 7.5), under the mutex; false if a session holds it. Throws
+    /// std::system_error, and nobody has it then.
     bool take_client_lock();
     void free_client_lock();
     bool has_client_lock() const { return has_client_lock_; }

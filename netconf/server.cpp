@@ -146,16 +146,7 @@ public:
     /// Carries the message out; what it comes to is the answer.
     void take(std::string_view message)
     {
-        try {
-            carry_out(message);
-        } catch (const RequestError& error) {
-            errors_ = {error.error};
-        } catch (const formats::InputError& error) {
-            errors_         = {{"malformed-message", error.what()}};
-            errors_[0].type = "rpc";
-        } catch (const std::bad_alloc&) {
-            errors_ = {{"resource-denied", "the request takes more memory than there is"}};
-        }
+        attempt([&] { carry_out(message); });
     }
     void refuse(const Error& error) { errors_ = {error}; }
 
@@ -188,6 +179,23 @@ private:
     };
     static const Operation operations[];
 
+    /// Does `what`; what it fails by is the answer.
+    template <class What>
+    void attempt(const What& what)
+    {
+        try {
+            what();
+        } catch (const RequestError& error) {
+            errors_ = {error.error};
+        } catch (const formats::InputError& error) {
+            errors_         = {{"malformed-message", error.what()}};
+            errors_[0].type = "rpc";
+        } catch (const std::bad_alloc&) {
+            errors_ = {{"resource-denied", "the request takes more memory than there is"}};
+        } catch (const std::exception& error) { // of the system: a file, the map library
+            errors_ = {{"operation-failed", data::for_message(error.what())}};
+        }
+    }
     void carry_out(std::string_view message);
     void read(data::Document document, OzkMapNode& operation);
     void edit(data::Document document, OzkMapNode& operation);
@@ -228,7 +236,13 @@ private:
     data::Document monitoring() const;
 
     void log(std::string_view what, std::span<const agent::Note> notes = {}) const;
-    void log_edit(const agent::Request& request, std::span<const agent::Note> notes) const;
+    void log_edit(std::span<const agent::Note> notes) const;
+    /// `what` and who has asked for it.
+    std::string by_client(std::string_view what) const
+    {
+        return fmt::format("{} by {} ({})", what, data::for_message(options_.user),
+                           data::for_message(options_.peer));
+    }
 
     Server& server_;
     Datastore& store_;
@@ -316,10 +330,10 @@ void Server::Exchange::read(data::Document document, OzkMapNode&)
 
 void Server::Exchange::edit(data::Document document, OzkMapNode& operation)
 {
-    require_writable(operation);
-    agent::Request& request = parse(std::move(document));
     agent::Edited edited;
-    try {
+    attempt([&] {
+        require_writable(operation);
+        agent::Request& request = parse(std::move(document));
         if (request.test_only) {
             edited = try_edit(request, store_.running());
             take_errors(edited);
@@ -335,10 +349,8 @@ void Server::Exchange::edit(data::Document document, OzkMapNode& operation)
                 scope.is_changed = false;
             }
         }
-    } catch (const RequestError& error) {
-        errors_ = {error.error};
-    }
-    log_edit(request, edited.notes);
+    });
+    log_edit(edited.notes);
 }
 
 void Server::Exchange::validate(data::Document document, OzkMapNode& operation)
@@ -374,6 +386,7 @@ void Server::Exchange::lock(data::Document, OzkMapNode& operation)
     require_running(*target);
     require_writable(operation);
     store_.lock();
+    log(by_client("lock"));
 }
 
 void Server::Exchange::unlock(data::Document, OzkMapNode& operation)
@@ -383,6 +396,7 @@ void Server::Exchange::unlock(data::Document, OzkMapNode& operation)
     require_running(*target);
     require_writable(operation);
     store_.unlock();
+    log(by_client("unlock"));
 }
 
 void Server::Exchange::close_session(data::Document, OzkMapNode& operation)
@@ -513,14 +527,14 @@ void Server::Exchange::log(std::string_view what, std::span<const agent::Note> n
     server_.log_(line);
 }
 
-void Server::Exchange::log_edit(const agent::Request& request,
-                                std::span<const agent::Note> notes) const
+void Server::Exchange::log_edit(std::span<const agent::Note> notes) const
 {
     constexpr size_t told = 3;
-    std::string line =
-        fmt::format("{} by {} ({}) of", request.test_only ? "test of an edit" : "edit",
-                    data::for_message(options_.user), data::for_message(options_.peer));
-    const auto roots = request.roots();
+    // One whose envelope was refused is no request.
+    std::string line = by_client(request_ && request_->test_only ? "test of an edit" : "edit");
+    const auto roots = request_ ? request_->roots() : std::span<const OzkMapNode>();
+    if (request_)
+        line += " of";
     for (const OzkMapNode& root : roots.first(std::min(roots.size(), told)))
         line += fmt::format(" /{}", data::for_message(text(root.tag)));
     if (roots.size() > told)

@@ -9,6 +9,7 @@ import json
 import os
 import pathlib
 import re
+import resource
 import select
 import signal
 import subprocess
@@ -598,6 +599,8 @@ def options(folder):
         for body in (describe("x"), locks("lock"), locks("unlock"),
                      f"<kill-session><session-id>{session.id}</session-id></kill-session>"):
             session.refuse(body, "access-denied")
+        expect("edit by ada (192.0.2.1 5 192.0.2.2 22): refused: access-denied" in
+               " ".join(session.log()), session.log())
         session.do("<validate><source><running/></source></validate>")
         session.do("<close-session/>")
     expect((folder / "running.xml").read_bytes() == before, "nothing is written")
@@ -617,12 +620,18 @@ def logs(folder):
     with Session(folder) as session:
         session.do(describe("x"))
         session.ask(DELETE_MISSING.replace(LOOPBACK, "a&#10;session 1: b"))
+        session.refuse(edit("", target="<candidate/>"), "invalid-value")
+        session.do(locks("lock"))
+        session.do(locks("unlock"))
         session.end()
-        begin, first, second, last = session.log()
+        begin, first, second, third, *both, last = session.log()
         expect(begin.endswith("begins: ada (192.0.2.1 5 192.0.2.2 22)"), begin)
         expect(first.endswith("edit by ada (192.0.2.1 5 192.0.2.2 22) of /interfaces: ok"), first)
         expect(": refused: data-missing /interfaces/interface[name='a session 1: b']" in second,
                second)
+        expect("edit by ada (192.0.2.1 5 192.0.2.2 22): refused: invalid-value" in third, third)
+        expect([line.partition(": ")[2] for line in both] ==
+               [f"{each} by ada (192.0.2.1 5 192.0.2.2 22)" for each in ("lock", "unlock")], both)
         expect("ends: the client has gone" in last, last)
     with Session(folder, "--log=trace") as session:
         session.ask(get_config(interface(LOOPBACK)))
@@ -659,7 +668,7 @@ def sessions(folder):
             three.do(f"<kill-session><session-id>{two.id}</session-id></kill-session>")
             three.do(locks("lock"))
             expect(two.wait() == 0 and "by a signal" in two.log()[-1], two.log())
-            expect(f"session {two.id} was killed" in three.log()[-1], three.log())
+            expect(f"session {two.id} was killed" in three.log()[-2], three.log())
             # A session that hears nothing is ended all the same.
             with Session(folder) as deaf:
                 deaf.ask(get_config(interface(LOOPBACK)))
@@ -763,6 +772,33 @@ def storing(folder):
     expect(description(folder) == "y", "the last edit")
 
 
+def faults_of_the_system(folder):
+    """What the system refuses is answered, and the session goes on, whether its log can be written
+    or not."""
+    with Session(folder, "--library=none.so") as session:
+        for _ in range(2):
+            reply = session.refuse(get_config(), "operation-failed")
+            expect("none.so" in reply.text, reply.text)
+        session.do("<validate><source><running/></source></validate>")
+    with Session(folder) as one, Session(folder) as two:
+        one.do(locks("lock"))
+        one.do(locks("unlock"))
+        no_limit = resource.RLIM_INFINITY
+        resource.prlimit(one.id, resource.RLIMIT_FSIZE, (0, no_limit))
+        for body in (locks("lock"), describe("x")):
+            reply = one.refuse(body, "operation-failed")
+            expect(reply.errors[0]["error-type"] == "application", reply.text)
+        two.do(locks("lock"))
+        two.do(locks("unlock"))
+        resource.prlimit(one.id, resource.RLIMIT_FSIZE, (no_limit, no_limit))
+        one.do(describe("after"))
+    # Without standard output, the hello isn't written into the file that is opened first.
+    done = subprocess.run(["sh", "-c", '"$0" serve --running running.xml --log-to-stderr >&-', YMAP],
+                          cwd=folder, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+    expect(done.returncode == 1 and b"cannot write" in done.stderr, done)
+    expect(b"hello" not in (folder / "running.xml.lock").read_bytes(), "the locks hold a hello")
+
+
 def deaths(folder):
     """Sessions that are killed in the midst of edits: documents are whole, and no edit that was
     answered is lost."""
@@ -781,8 +817,9 @@ def deaths(folder):
                int(run) < i and answered == 0, f"{stored} after {answered} answers of run {i}")
 
 
-TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, schemas, replies,
-         options, logs, sessions, concurrent_edits, changes_outside, storing, deaths]
+TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, schemas,
+         replies, options, logs, sessions, concurrent_edits, changes_outside, storing,
+         faults_of_the_system, deaths]
 
 
 def main():
