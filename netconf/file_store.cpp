@@ -166,10 +166,16 @@ void NativeFile::replace(const std::function<void()>& before_replacing)
     if (rename(new_path.c_str(), path_.c_str()) != 0)
         file.fail();
     unfinished.is_kept = true;
-    folder.require(fsync(folder) == 0);
+    if (fsync(folder) != 0)
+        throw RequestError(
+            {"operation-failed", fmt::format("the edit is in place, but may not survive a loss of "
+                                             "power: {}",
+                                             std::strerror(errno))});
     struct stat status {};
-    file.require(fstat(file, &status) == 0);
-    stamp_ = stamp_of(status, stamp_.generation);
+    if (fstat(file, &status) == 0)
+        stamp_ = stamp_of(status, stamp_.generation);
+    else
+        forget();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -232,10 +238,11 @@ agent::Native FileStore::begin_edit()
 void FileStore::commit()
 {
     try {
-        running_.replace([&] { locks_.count_generation(); });
-        running_.set_generation(locks_.generation());
+        running_.replace([&] {
+            locks_.count_generation();
+            running_.set_generation(locks_.generation());
+        });
     } catch (const std::system_error& error) {
-        running_.forget();
         throw RequestError(
             {"operation-failed", fmt::format("cannot store the edit: {}", error.what())});
     }

@@ -27,7 +27,9 @@ public:
     agent::Native get(uint64_t generation = 0);
     /// Writes the document in place of the file, by way of another beside it, and returns when both
     /// are stored. `before_replacing` is called ahead of the moment when the new one takes the
-    /// place. Throws std::system_error; the document is then to be forgotten.
+    /// place. Throws std::system_error, and the file is what it was; or agent::RequestError, once
+    /// the new one is in place, for what can't be promised of it. The document is then to be
+    /// forgotten.
     void replace(const std::function<void()>& before_replacing);
     /// The next get() reads the file.
     void forget() { stamp_ = {}; }
