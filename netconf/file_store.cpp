@@ -7,13 +7,16 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
-#include <memory>
+#include <fstream>
+#include <sstream>
 #include <system_error>
 #include <thread>
 
 #include <fcntl.h>
 #include <fmt/core.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -94,6 +97,30 @@ struct stat status_of(const std::string& path)
     if (stat(path.c_str(), &status) != 0)
         throw InputError(path, 0, fmt::format("cannot open: {}", std::strerror(errno)));
     return status;
+}
+
+/// What the kernel tells of the process of a session: nobody has to be believed. It may be told to
+/// hide processes from other users.
+SessionInfo info_of(uint32_t id)
+{
+    SessionInfo info{id, {}, 0};
+    const std::string path = fmt::format("/proc/{}", id);
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0) {
+        const passwd* user = getpwuid(status.st_uid);
+        info.user          = user != nullptr ? user->pw_name : std::to_string(status.st_uid);
+    }
+    // proc(5): when it began is the field 22; the second one, in brackets, may hold anything.
+    std::string fields, field;
+    std::getline(std::ifstream(path + "/stat"), fields, '\0');
+    std::istringstream behind(fields.substr(fields.rfind(')') + 1));
+    for (int i = 2; i < 21; ++i)
+        behind >> field;
+    timespec now{};
+    int64_t ticks = 0;
+    if (behind >> ticks && clock_gettime(CLOCK_BOOTTIME, &now) == 0)
+        info.since = time(nullptr) - now.tv_sec + ticks / sysconf(_SC_CLK_TCK);
+    return info;
 }
 
 bool same_time(const timespec& a, const timespec& b)
@@ -281,6 +308,14 @@ void FileStore::unlock()
 LockHolder FileStore::lock_holder()
 {
     return {locks_.client_lock_holder(), locks_.client_lock_time()};
+}
+
+std::vector<SessionInfo> FileStore::other_sessions()
+{
+    std::vector<SessionInfo> infos;
+    for (const uint32_t id : locks_.other_sessions())
+        infos.push_back(info_of(id));
+    return infos;
 }
 
 void FileStore::kill_session(uint32_t id)

@@ -80,6 +80,7 @@ public:
     void lock() override;
     void unlock() override;
     LockHolder lock_holder() override;
+    std::vector<SessionInfo> other_sessions() override;
     void kill_session(uint32_t id) override;
 
 private:

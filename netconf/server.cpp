@@ -152,9 +152,9 @@ public:
 
     void answer(formats::Output& out)
     {
-        ++server_.rpc_count_;
-        server_.bad_rpc_count_ += !errors_.empty();
-        server_.error_count_ += errors_.size();
+        const bool is_bad = !errors_.empty() && std::string_view(errors_[0].type) == "rpc";
+        ++(is_bad ? server_.bad_rpc_count_ : server_.rpc_count_);
+        server_.error_reply_count_ += !errors_.empty();
         if (server_.is_old_client_)
             for (Error& error : errors_)
                 if (std::string_view(error.tag) == "malformed-message") // RFC 6241, appendix A
@@ -314,8 +314,12 @@ void Server::Exchange::read(data::Document document, OzkMapNode&)
         monitoring_roots.assign(own, all.end());
         content.subtree_count = static_cast<uint32_t>(own - all.begin());
     }
-    const agent::Native running = reads_state ? agent::Native() : store_.running();
-    const auto natives          = reads_state ? store_.all() : std::span(&running, 1);
+    agent::Native running;
+    std::span<const agent::Native> natives;
+    if (!reads_state)
+        natives = {&(running = store_.running()), 1};
+    else if (request.reads_all || !request.roots().empty()) // what the server is has no document
+        natives = store_.all();
 
     reading_ = agent::read(request, natives, server_.library_(), options_.hooks);
     for (const agent::Walk& walk : reading_->walks)
@@ -498,18 +502,26 @@ data::Document Server::Exchange::monitoring() const
         leaf(schema, "location", "NETCONF");
     }
 
-    OzkMapNode& session = container(container(state, "sessions"), "session");
-    leaf(session, "session-id", std::to_string(options_.session_id));
-    leaf(session, "transport", "netconf-ssh");
-    if (!options_.user.empty())
-        leaf(session, "username", options_.user);
+    OzkMapNode& sessions = container(state, "sessions");
+    const auto session   = [&](const SessionInfo& info) -> OzkMapNode& {
+        OzkMapNode& node = container(sessions, "session");
+        leaf(node, "session-id", std::to_string(info.id));
+        leaf(node, "transport", "netconf-ssh");
+        if (!info.user.empty())
+            leaf(node, "username", info.user);
+        if (info.since != 0)
+            leaf(node, "login-time", date_and_time(info.since));
+        return node;
+    };
+    for (const SessionInfo& other : store_.other_sessions())
+        session(other);
+    OzkMapNode& own = session({options_.session_id, options_.user, server_.login_time_});
     if (!options_.peer.empty())
-        leaf(session, "source-host", options_.peer.substr(0, options_.peer.find(' ')));
-    leaf(session, "login-time", date_and_time(server_.login_time_));
-    leaf(session, "in-rpcs", std::to_string(server_.rpc_count_ - server_.bad_rpc_count_));
-    leaf(session, "in-bad-rpcs", std::to_string(server_.bad_rpc_count_));
-    leaf(session, "out-rpc-errors", std::to_string(server_.error_count_));
-    leaf(session, "out-notifications", "0");
+        leaf(own, "source-host", options_.peer.substr(0, options_.peer.find(' ')));
+    leaf(own, "in-rpcs", std::to_string(server_.rpc_count_));
+    leaf(own, "in-bad-rpcs", std::to_string(server_.bad_rpc_count_));
+    leaf(own, "out-rpc-errors", std::to_string(server_.error_reply_count_));
+    leaf(own, "out-notifications", "0");
     return document;
 }
 

@@ -4,10 +4,12 @@ stored and what the log says. No SSH is needed: the server knows nothing of it.
 """
 
 import argparse
+import calendar
 import contextlib
 import json
 import os
 import pathlib
+import pwd
 import re
 import resource
 import select
@@ -537,6 +539,36 @@ def reads(folder):
         expect(f"<locked-by-session>{session.id}<" in reply and "capabilities" not in reply, reply)
 
 
+def monitoring(folder):
+    """All sessions, and what this one has counted (RFC 6022); no document is needed."""
+    def leaves(node):
+        return {re.sub("{.*}", "", each.tag): each.text for each in node}
+
+    def sessions_of(session):
+        reply = session.ask(get(f'<netconf-state xmlns="{MONITORING}"><sessions/></netconf-state>'))
+        told = {each["session-id"]: each
+                for each in map(leaves, reply.top.iter(f"{{{MONITORING}}}session"))}
+        expect(set(told) == {str(each.id) for each in (one, two, three)}, reply.text)
+        return told
+
+    # One that only reads has no file to meet the others in until another session has made it.
+    with Session(folder, "--read-only") as two, Session(folder) as one, Session(folder) as three:
+        sessions_of(two)
+        one.refuse(edit(interface(LOOPBACK, "", operation("create"))), "data-exists")
+        one.refuse(edit(interface(LOOPBACK, "<type>x</type><foo/>")), "operation-not-supported",
+                   "unknown-element")
+        one.send(chunked("<rpc/>"))
+        one.read_message()
+        (folder / "state.xml").write_text("broken")
+        told = sessions_of(one)
+        own, other = told[str(one.id)], told[str(two.id)]
+        expect((own["in-rpcs"], own["in-bad-rpcs"], own["out-rpc-errors"]) == ("2", "1", "3"), own)
+        expect((own["username"], other["username"]) == ("ada", pwd.getpwuid(os.getuid()).pw_name),
+               told)
+        began = calendar.timegm(time.strptime(other["login-time"], "%Y-%m-%dT%H:%M:%SZ"))
+        expect(abs(time.time() - began) < DEADLINE, other)
+
+
 def schemas(folder):
     """Each module that the server has is in its hello, and comes with get-schema."""
     with Session(folder) as session:
@@ -817,7 +849,7 @@ def deaths(folder):
                int(run) < i and answered == 0, f"{stored} after {answered} answers of run {i}")
 
 
-TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, schemas,
+TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, monitoring, schemas,
          replies, options, logs, sessions, concurrent_edits, changes_outside, storing,
          faults_of_the_system, deaths]
 
