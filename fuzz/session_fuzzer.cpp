@@ -59,6 +59,7 @@ public:
     void lock() override { is_locked_ = true; }
     void unlock() override { is_locked_ = false; }
     netconf::LockHolder lock_holder() override { return {is_locked_ ? 1U : 0U, 1'000'000'000}; }
+    std::vector<netconf::SessionInfo> other_sessions() override { return {{2, "b", 1}}; }
     void kill_session(uint32_t id) override
     {
         throw agent::RequestError({"invalid-value", "no session " + std::to_string(id)});

@@ -19,6 +19,16 @@
 #include "reader.h"
 #include "text.h"
 
+namespace {
+
+/// A line for a person; where nobody can read it, the exit status has to do.
+void complain(const std::string& line)
+{
+    std::fputs((line + "\n").c_str(), stderr);
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     using namespace ymap::host;
@@ -58,18 +68,18 @@ int main(int argc, char** argv)
         app.parse(argc, argv);
         const int status = chosen();
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-            fmt::print(stderr, "ymap: cannot write the output: {}\n", std::strerror(errno));
+            complain(fmt::format("ymap: cannot write the output: {}", std::strerror(errno)));
             return exit_bad_input;
         }
         return status;
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return app.exit(error); // --help, --version
-        fmt::print(stderr, "ymap: {}; see ymap --help\n", ymap::data::for_message(error.what()));
+        complain(fmt::format("ymap: {}; see ymap --help", ymap::data::for_message(error.what())));
     } catch (const ymap::formats::InputError& error) {
-        fmt::print(stderr, "{}\n", error.what());
+        complain(error.what());
     } catch (const std::exception& error) {
-        fmt::print(stderr, "ymap: {}\n", ymap::data::for_message(error.what()));
+        complain(fmt::format("ymap: {}", ymap::data::for_message(error.what())));
     }
     return exit_bad_input;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <CLI/CLI.hpp>
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <syslog.h>
 #include <unistd.h>
@@ -47,7 +48,7 @@ public:
     {
         const std::string clean = data::without_controls(text);
         if (to_stderr_)
-            fmt::print(stderr, "{}\n", clean);
+            std::fputs((clean + "\n").c_str(), stderr); // whether anybody reads it or not
         else
             syslog(priority, "%s", clean.c_str());
     }
@@ -110,6 +111,15 @@ served_modules(const std::function<const agent::MapLibrary&()>& library_of)
     return served;
 }
 
+/// A file that is opened must not become a standard stream that is missing: what is written there
+/// would be written into it. Each gets what can't be read or written, as if it were missing still.
+void fill_standard_streams()
+{
+    for (int file = 0; file <= 2; ++file)
+        if (fcntl(file, F_GETFD) < 0)
+            open("/dev/null", file == 0 ? O_WRONLY : O_RDONLY);
+}
+
 int serve(const ServeOptions& options, SystemLog& log)
 {
     const auto log_line    = [&](const std::string& line) { log.line(LOG_INFO, line); };
@@ -163,6 +173,7 @@ int serve(const ServeOptions& options, SystemLog& log)
 /// Whatever ends the verb is in the log as well: nobody sees a subsystem's standard error.
 int serve(const ServeOptions& options)
 {
+    fill_standard_streams();
     SystemLog log(options.log_to_stderr);
     try {
         return serve(options, log);

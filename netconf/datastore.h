@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "read.h"
 
@@ -15,6 +16,13 @@ namespace ymap::netconf {
 struct LockHolder {
     uint32_t session_id = 0; ///< 0 for nobody
     int64_t since       = 0; ///< seconds since 1970
+};
+
+/// A session, as far as others know of it.
+struct SessionInfo {
+    uint32_t id;
+    std::string user; ///< empty if that isn't known
+    int64_t since;    ///< seconds since 1970; 0 if that isn't known
 };
 
 /// What a session works on. Each function throws agent::RequestError where a client is to be told
@@ -41,6 +49,8 @@ public:
     virtual void lock()              = 0;
     virtual void unlock()            = 0;
     virtual LockHolder lock_holder() = 0;
+    /// The other sessions on the same data (RFC 6022, 2.1.4).
+    virtual std::vector<SessionInfo> other_sessions() = 0;
     /// Ends another session (RFC 6241, 7.9); what it held is free when this returns.
     virtual void kill_session(uint32_t id) = 0;
 };

@@ -7,13 +7,16 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <filesystem>
-#include <memory>
+#include <fstream>
+#include <sstream>
 #include <system_error>
 #include <thread>
 
 #include <fcntl.h>
 #include <fmt/core.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -96,6 +99,30 @@ struct stat status_of(const std::string& path)
     return status;
 }
 
+/// What the kernel tells of the process of a session: nobody has to be believed. It may be told to
+/// hide processes from other users.
+SessionInfo info_of(uint32_t id)
+{
+    SessionInfo info{id, {}, 0};
+    const std::string path = fmt::format("/proc/{}", id);
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0) {
+        const passwd* user = getpwuid(status.st_uid);
+        info.user          = user != nullptr ? user->pw_name : std::to_string(status.st_uid);
+    }
+    // proc(5): when it began is the field 22; the second one, in brackets, may hold anything.
+    std::string fields, field;
+    std::getline(std::ifstream(path + "/stat"), fields, '\0');
+    std::istringstream behind(fields.substr(fields.rfind(')') + 1));
+    for (int i = 2; i < 21; ++i)
+        behind >> field;
+    timespec now{};
+    int64_t ticks = 0;
+    if (behind >> ticks && clock_gettime(CLOCK_BOOTTIME, &now) == 0)
+        info.since = time(nullptr) - now.tv_sec + ticks / sysconf(_SC_CLK_TCK);
+    return info;
+}
+
 bool same_time(const timespec& a, const timespec& b)
 {
     return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
@@ -138,7 +165,9 @@ agent::Native NativeFile::get(uint64_t generation)
 
 void NativeFile::replace(const std::function<void()>& before_replacing)
 {
-    const struct stat old       = status_of(path_);
+    struct stat old {};
+    if (stat(path_.c_str(), &old) != 0)
+        throw std::system_error(errno, std::generic_category(), path_);
     const std::string new_path  = path_ + ".new";
     const std::string directory = fs::path(path_).parent_path();
     // One that a killed session has left may be another user's.
@@ -164,10 +193,16 @@ void NativeFile::replace(const std::function<void()>& before_replacing)
     if (rename(new_path.c_str(), path_.c_str()) != 0)
         file.fail();
     unfinished.is_kept = true;
-    folder.require(fsync(folder) == 0);
+    if (fsync(folder) != 0)
+        throw RequestError(
+            {"operation-failed", fmt::format("the edit is in place, but may not survive a loss of "
+                                             "power: {}",
+                                             std::strerror(errno))});
     struct stat status {};
-    file.require(fstat(file, &status) == 0);
-    stamp_ = stamp_of(status, stamp_.generation);
+    if (fstat(file, &status) == 0)
+        stamp_ = stamp_of(status, stamp_.generation);
+    else
+        forget();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -203,39 +238,38 @@ std::span<const agent::Native> FileStore::all()
     return natives_;
 }
 
-void FileStore::take_edit_mutex()
+FileStore::EditMutex FileStore::take_edit_mutex()
 {
     if (!locks_.take_edit_mutex(mutex_milliseconds_))
         throw RequestError({"in-use", fmt::format("other sessions have edited without a pause for "
                                                   "{} s",
                                                   mutex_milliseconds_ / 1000)});
+    return EditMutex(&locks_);
 }
 
 agent::Native FileStore::begin_edit()
 {
-    take_edit_mutex();
-    try {
-        if (const uint32_t holder = locks_.client_lock_holder();
-            holder != 0 && !locks_.has_client_lock()) {
-            Error error{"in-use",
-                        fmt::format("session {} has locked the running configuration", holder)};
-            error.session_id = std::to_string(holder);
-            throw RequestError(error);
-        }
-        return running();
-    } catch (...) {
-        locks_.free_edit_mutex();
-        throw;
+    EditMutex mutex = take_edit_mutex();
+    if (const uint32_t holder = locks_.client_lock_holder();
+        holder != 0 && !locks_.has_client_lock()) {
+        Error error{"in-use",
+                    fmt::format("session {} has locked the running configuration", holder)};
+        error.session_id = std::to_string(holder);
+        throw RequestError(error);
     }
+    const agent::Native native = running();
+    static_cast<void>(mutex.release()); // end_edit() frees it
+    return native;
 }
 
 void FileStore::commit()
 {
     try {
-        running_.replace([&] { locks_.count_generation(); });
-        running_.set_generation(locks_.generation());
+        running_.replace([&] {
+            locks_.count_generation();
+            running_.set_generation(locks_.generation());
+        });
     } catch (const std::system_error& error) {
-        running_.forget();
         throw RequestError(
             {"operation-failed", fmt::format("cannot store the edit: {}", error.what())});
     }
@@ -250,10 +284,8 @@ void FileStore::end_edit(bool is_changed)
 
 void FileStore::lock()
 {
-    take_edit_mutex(); // no edit is half done when a lock is given
-    const bool is_taken = locks_.take_client_lock();
-    locks_.free_edit_mutex();
-    if (is_taken)
+    const EditMutex mutex = take_edit_mutex(); // no edit is half done when a lock is given
+    if (locks_.take_client_lock())
         return;
     const uint32_t holder = locks_.client_lock_holder();
     Error error{"lock-denied",
@@ -276,6 +308,14 @@ void FileStore::unlock()
 LockHolder FileStore::lock_holder()
 {
     return {locks_.client_lock_holder(), locks_.client_lock_time()};
+}
+
+std::vector<SessionInfo> FileStore::other_sessions()
+{
+    std::vector<SessionInfo> infos;
+    for (const uint32_t id : locks_.other_sessions())
+        infos.push_back(info_of(id));
+    return infos;
 }
 
 void FileStore::kill_session(uint32_t id)

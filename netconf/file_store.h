@@ -5,6 +5,7 @@
 #define YMAP_NETCONF_FILE_STORE_H
 
 #include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,9 @@ public:
     agent::Native get(uint64_t generation = 0);
     /// Writes the document in place of the file, by way of another beside it, and returns when both
     /// are stored. `before_replacing` is called ahead of the moment when the new one takes the
-    /// place. Throws std::system_error; the document is then to be forgotten.
+    /// place. Throws std::system_error, and the file is what it was; or agent::RequestError, once
+    /// the new one is in place, for what can't be promised of it. The document is then to be
+    /// forgotten.
     void replace(const std::function<void()>& before_replacing);
     /// The next get() reads the file.
     void forget() { stamp_ = {}; }
@@ -77,11 +80,18 @@ public:
     void lock() override;
     void unlock() override;
     LockHolder lock_holder() override;
+    std::vector<SessionInfo> other_sessions() override;
     void kill_session(uint32_t id) override;
 
 private:
+    struct FreeEditMutex {
+        void operator()(Locks* locks) const { locks->free_edit_mutex(); }
+    };
+    /// The mutex of edits, until it is freed or released to who frees it.
+    using EditMutex = std::unique_ptr<Locks, FreeEditMutex>;
+
     agent::Native get(NativeFile& file, uint64_t generation);
-    void take_edit_mutex();
+    EditMutex take_edit_mutex();
 
     int mutex_milliseconds_;
     NativeFile running_;

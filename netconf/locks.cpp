@@ -7,6 +7,7 @@
 #include <chrono>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,7 +20,8 @@ namespace {
 // What the bytes of the file stand for, when locked.
 constexpr off_t CLIENT_LOCK   = 0;
 constexpr off_t EDIT_MUTEX    = 1;
-constexpr off_t FIRST_SESSION = 100; // by the id of the process
+constexpr off_t FIRST_SESSION = 100;     // by the id of the process
+constexpr off_t SESSIONS      = 1 << 22; // proc(5): ids are smaller
 
 // What the file holds: numbers of 8 bytes.
 constexpr off_t GENERATION = 0;
@@ -56,7 +58,13 @@ Locks::~Locks()
 
 bool Locks::open_existing()
 {
-    file_ = open(path_.c_str(), (read_only_ ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOFOLLOW);
+    const int flags = (read_only_ ? O_RDONLY : O_RDWR) | O_CLOEXEC | O_NOFOLLOW;
+    file_           = open(path_.c_str(), flags);
+    // Who has just made the file gives others their rights a moment later.
+    for (int i = 0; i < 200 && file_ < 0 && errno == EACCES && !read_only_; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        file_ = open(path_.c_str(), flags);
+    }
     if (file_ < 0 && errno != ENOENT && !read_only_)
         fail(path_);
     if (file_ >= 0)
@@ -84,27 +92,30 @@ bool Locks::set(short type, off_t offset)
     return false;
 }
 
-uint32_t Locks::holder(off_t offset) const
+struct flock Locks::find(off_t offset, off_t count)
 {
     struct flock lock {};
-    lock.l_type   = F_WRLCK;
+    lock.l_type   = is_open() ? F_WRLCK : F_UNLCK;
     lock.l_whence = SEEK_SET;
     lock.l_start  = offset;
-    lock.l_len    = 1;
-    if (file_ < 0)
-        return 0;
-    if (fcntl(file_, F_GETLK, &lock) != 0)
+    lock.l_len    = count;
+    if (lock.l_type != F_UNLCK && fcntl(file_, F_GETLK, &lock) != 0)
         fail(path_);
+    return lock;
+}
+
+uint32_t Locks::holder(off_t offset)
+{
+    const struct flock lock = find(offset, 1);
     return lock.l_type == F_UNLCK ? 0 : static_cast<uint32_t>(lock.l_pid);
 }
 
 bool Locks::take_client_lock()
 {
-    if (has_client_lock_ || !set(F_WRLCK, CLIENT_LOCK))
+    if (client_lock_holder() != 0)
         return false;
-    has_client_lock_ = true;
     write_number(LOCK_TIME, static_cast<uint64_t>(time(nullptr)));
-    return true;
+    return has_client_lock_ = set(F_WRLCK, CLIENT_LOCK);
 }
 
 void Locks::free_client_lock()
@@ -113,7 +124,7 @@ void Locks::free_client_lock()
     has_client_lock_ = false;
 }
 
-uint32_t Locks::client_lock_holder() const
+uint32_t Locks::client_lock_holder()
 {
     return has_client_lock_ ? static_cast<uint32_t>(getpid()) : holder(CLIENT_LOCK);
 }
@@ -143,7 +154,7 @@ void Locks::free_edit_mutex()
 
 uint64_t Locks::generation()
 {
-    return file_ >= 0 || open_existing() ? read_number(GENERATION) : 0;
+    return is_open() ? read_number(GENERATION) : 0;
 }
 
 void Locks::count_generation()
@@ -151,9 +162,31 @@ void Locks::count_generation()
     write_number(GENERATION, read_number(GENERATION) + 1);
 }
 
-bool Locks::is_session(uint32_t id) const
+bool Locks::is_session(uint32_t id)
 {
     return holder(FIRST_SESSION + static_cast<off_t>(id)) == id;
+}
+
+std::vector<uint32_t> Locks::other_sessions()
+{
+    std::vector<uint32_t> ids;
+    // The kernel tells of any lock in a range: there may be more on both sides of it.
+    std::vector<std::pair<off_t, off_t>> ranges = {{FIRST_SESSION, FIRST_SESSION + SESSIONS}};
+    while (!ranges.empty()) {
+        const auto [begin, end] = ranges.back();
+        ranges.pop_back();
+        const struct flock lock = find(begin, end - begin);
+        if (lock.l_type == F_UNLCK)
+            continue;
+        if (lock.l_pid > 0 && lock.l_start == FIRST_SESSION + lock.l_pid)
+            ids.push_back(static_cast<uint32_t>(lock.l_pid));
+        if (lock.l_start > begin)
+            ranges.emplace_back(begin, lock.l_start);
+        if (lock.l_len > 0 && lock.l_start + lock.l_len < end)
+            ranges.emplace_back(lock.l_start + lock.l_len, end);
+    }
+    std::ranges::sort(ids);
+    return ids;
 }
 
 void Locks::write_number(off_t offset, uint64_t number)

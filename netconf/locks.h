@@ -6,7 +6,9 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 
@@ -25,12 +27,13 @@ public:
     Locks(const Locks&)            = delete;
     Locks& operator=(const Locks&) = delete;
 
-    /// The <lock> of a client (RFC 6241, 7.5); false if a session holds it.
+    /// The <lock> of a client (RFC 6241, 7.5), under the mutex; false if a session holds it. Throws
+    /// std::system_error, and nobody has it then.
     bool take_client_lock();
     void free_client_lock();
     bool has_client_lock() const { return has_client_lock_; }
     /// The session that holds the client's lock, this one included; 0 for none.
-    uint32_t client_lock_holder() const;
+    uint32_t client_lock_holder();
     /// When that lock was taken, in seconds since 1970.
     int64_t client_lock_time() const;
 
@@ -46,17 +49,24 @@ public:
     void count_generation();
 
     /// Whether `id` is a session on the same document.
-    bool is_session(uint32_t id) const;
+    bool is_session(uint32_t id);
+    /// All of them but this one, in order.
+    std::vector<uint32_t> other_sessions();
 
 private:
     /// False if there is none.
     bool open_existing();
+    /// Another session may have made the file in the meantime.
+    bool is_open() { return file_ >= 0 || open_existing(); }
     /// Tells the others of this session.
     void enter();
     /// Locks the byte at `offset`, or frees it; false if another process has locked it.
     bool set(short type, off_t offset);
+    /// A lock of another process on any of the `count` bytes at `offset`; of the type F_UNLCK if
+    /// there is none.
+    struct flock find(off_t offset, off_t count);
     /// The process that has locked a byte, this one aside; 0 for none.
-    uint32_t holder(off_t offset) const;
+    uint32_t holder(off_t offset);
     void write_number(off_t offset, uint64_t number);
     uint64_t read_number(off_t offset) const;
 

@@ -141,7 +141,12 @@ void Reply::error(const agent::Error& error)
     declare(agent::NETCONF_PREFIX, data::NS_NETCONF);
     for (const agent::Module& module : agent::modules())
         declare(module.prefix, module.ns_uri);
-    element(inner, "error-path", error.error_path, declarations);
+    // A client may have one of these prefixes for NETCONF: here NETCONF goes without.
+    if (!prefix_.empty())
+        declarations += fmt::format(" xmlns=\"{}\"", data::NS_NETCONF);
+    if (!error.error_path.empty())
+        line(inner,
+             fmt::format("<error-path{}>{}</error-path>", declarations, escaped(error.error_path)));
     element(inner, "error-message", error.message, " xml:lang=\"en\"");
 
     // RFC 6241, appendix A: which errors tell which element, attribute or namespace.

@@ -146,24 +146,15 @@ public:
     /// Carries the message out; what it comes to is the answer.
     void take(std::string_view message)
     {
-        try {
-            carry_out(message);
-        } catch (const RequestError& error) {
-            errors_ = {error.error};
-        } catch (const formats::InputError& error) {
-            errors_         = {{"malformed-message", error.what()}};
-            errors_[0].type = "rpc";
-        } catch (const std::bad_alloc&) {
-            errors_ = {{"resource-denied", "the request takes more memory than there is"}};
-        }
+        attempt([&] { carry_out(message); });
     }
     void refuse(const Error& error) { errors_ = {error}; }
 
     void answer(formats::Output& out)
     {
-        ++server_.rpc_count_;
-        server_.bad_rpc_count_ += !errors_.empty();
-        server_.error_count_ += errors_.size();
+        const bool is_bad = !errors_.empty() && std::string_view(errors_[0].type) == "rpc";
+        ++(is_bad ? server_.bad_rpc_count_ : server_.rpc_count_);
+        server_.error_reply_count_ += !errors_.empty();
         if (server_.is_old_client_)
             for (Error& error : errors_)
                 if (std::string_view(error.tag) == "malformed-message") // RFC 6241, appendix A
@@ -188,6 +179,23 @@ private:
     };
     static const Operation operations[];
 
+    /// Does `what`; what it fails by is the answer.
+    template <class What>
+    void attempt(const What& what)
+    {
+        try {
+            what();
+        } catch (const RequestError& error) {
+            errors_ = {error.error};
+        } catch (const formats::InputError& error) {
+            errors_         = {{"malformed-message", error.what()}};
+            errors_[0].type = "rpc";
+        } catch (const std::bad_alloc&) {
+            errors_ = {{"resource-denied", "the request takes more memory than there is"}};
+        } catch (const std::exception& error) { // of the system: a file, the map library
+            errors_ = {{"operation-failed", data::for_message(error.what())}};
+        }
+    }
     void carry_out(std::string_view message);
     void read(data::Document document, OzkMapNode& operation);
     void edit(data::Document document, OzkMapNode& operation);
@@ -228,7 +236,13 @@ private:
     data::Document monitoring() const;
 
     void log(std::string_view what, std::span<const agent::Note> notes = {}) const;
-    void log_edit(const agent::Request& request, std::span<const agent::Note> notes) const;
+    void log_edit(std::span<const agent::Note> notes) const;
+    /// `what` and who has asked for it.
+    std::string by_client(std::string_view what) const
+    {
+        return fmt::format("{} by {} ({})", what, data::for_message(options_.user),
+                           data::for_message(options_.peer));
+    }
 
     Server& server_;
     Datastore& store_;
@@ -300,8 +314,12 @@ void Server::Exchange::read(data::Document document, OzkMapNode&)
         monitoring_roots.assign(own, all.end());
         content.subtree_count = static_cast<uint32_t>(own - all.begin());
     }
-    const agent::Native running = reads_state ? agent::Native() : store_.running();
-    const auto natives          = reads_state ? store_.all() : std::span(&running, 1);
+    agent::Native running;
+    std::span<const agent::Native> natives;
+    if (!reads_state)
+        natives = {&(running = store_.running()), 1};
+    else if (request.reads_all || !request.roots().empty()) // what the server is has no document
+        natives = store_.all();
 
     reading_ = agent::read(request, natives, server_.library_(), options_.hooks);
     for (const agent::Walk& walk : reading_->walks)
@@ -316,10 +334,10 @@ void Server::Exchange::read(data::Document document, OzkMapNode&)
 
 void Server::Exchange::edit(data::Document document, OzkMapNode& operation)
 {
-    require_writable(operation);
-    agent::Request& request = parse(std::move(document));
     agent::Edited edited;
-    try {
+    attempt([&] {
+        require_writable(operation);
+        agent::Request& request = parse(std::move(document));
         if (request.test_only) {
             edited = try_edit(request, store_.running());
             take_errors(edited);
@@ -335,10 +353,8 @@ void Server::Exchange::edit(data::Document document, OzkMapNode& operation)
                 scope.is_changed = false;
             }
         }
-    } catch (const RequestError& error) {
-        errors_ = {error.error};
-    }
-    log_edit(request, edited.notes);
+    });
+    log_edit(edited.notes);
 }
 
 void Server::Exchange::validate(data::Document document, OzkMapNode& operation)
@@ -374,6 +390,7 @@ void Server::Exchange::lock(data::Document, OzkMapNode& operation)
     require_running(*target);
     require_writable(operation);
     store_.lock();
+    log(by_client("lock"));
 }
 
 void Server::Exchange::unlock(data::Document, OzkMapNode& operation)
@@ -383,6 +400,7 @@ void Server::Exchange::unlock(data::Document, OzkMapNode& operation)
     require_running(*target);
     require_writable(operation);
     store_.unlock();
+    log(by_client("unlock"));
 }
 
 void Server::Exchange::close_session(data::Document, OzkMapNode& operation)
@@ -484,18 +502,26 @@ data::Document Server::Exchange::monitoring() const
         leaf(schema, "location", "NETCONF");
     }
 
-    OzkMapNode& session = container(container(state, "sessions"), "session");
-    leaf(session, "session-id", std::to_string(options_.session_id));
-    leaf(session, "transport", "netconf-ssh");
-    if (!options_.user.empty())
-        leaf(session, "username", options_.user);
+    OzkMapNode& sessions = container(state, "sessions");
+    const auto session   = [&](const SessionInfo& info) -> OzkMapNode& {
+        OzkMapNode& node = container(sessions, "session");
+        leaf(node, "session-id", std::to_string(info.id));
+        leaf(node, "transport", "netconf-ssh");
+        if (!info.user.empty())
+            leaf(node, "username", info.user);
+        if (info.since != 0)
+            leaf(node, "login-time", date_and_time(info.since));
+        return node;
+    };
+    for (const SessionInfo& other : store_.other_sessions())
+        session(other);
+    OzkMapNode& own = session({options_.session_id, options_.user, server_.login_time_});
     if (!options_.peer.empty())
-        leaf(session, "source-host", options_.peer.substr(0, options_.peer.find(' ')));
-    leaf(session, "login-time", date_and_time(server_.login_time_));
-    leaf(session, "in-rpcs", std::to_string(server_.rpc_count_ - server_.bad_rpc_count_));
-    leaf(session, "in-bad-rpcs", std::to_string(server_.bad_rpc_count_));
-    leaf(session, "out-rpc-errors", std::to_string(server_.error_count_));
-    leaf(session, "out-notifications", "0");
+        leaf(own, "source-host", options_.peer.substr(0, options_.peer.find(' ')));
+    leaf(own, "in-rpcs", std::to_string(server_.rpc_count_));
+    leaf(own, "in-bad-rpcs", std::to_string(server_.bad_rpc_count_));
+    leaf(own, "out-rpc-errors", std::to_string(server_.error_reply_count_));
+    leaf(own, "out-notifications", "0");
     return document;
 }
 
@@ -513,14 +539,14 @@ void Server::Exchange::log(std::string_view what, std::span<const agent::Note> n
     server_.log_(line);
 }
 
-void Server::Exchange::log_edit(const agent::Request& request,
-                                std::span<const agent::Note> notes) const
+void Server::Exchange::log_edit(std::span<const agent::Note> notes) const
 {
     constexpr size_t told = 3;
-    std::string line =
-        fmt::format("{} by {} ({}) of", request.test_only ? "test of an edit" : "edit",
-                    data::for_message(options_.user), data::for_message(options_.peer));
-    const auto roots = request.roots();
+    // One whose envelope was refused is no request.
+    std::string line = by_client(request_ && request_->test_only ? "test of an edit" : "edit");
+    const auto roots = request_ ? request_->roots() : std::span<const OzkMapNode>();
+    if (request_)
+        line += " of";
     for (const OzkMapNode& root : roots.first(std::min(roots.size(), told)))
         line += fmt::format(" /{}", data::for_message(text(root.tag)));
     if (roots.size() > told)

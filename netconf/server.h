@@ -74,7 +74,7 @@ private:
     ServerOptions options_;
     Log log_;
     int64_t login_time_;
-    uint64_t rpc_count_ = 0, bad_rpc_count_ = 0, error_count_ = 0;
+    uint64_t rpc_count_ = 0, bad_rpc_count_ = 0, error_reply_count_ = 0; // RFC 6022, 2.1.4
     bool is_closed_     = false;
     bool is_old_client_ = false;
 };

@@ -38,6 +38,7 @@ public:
     explicit Channel(const SessionOptions& options) : options_(options)
     {
         signal(SIGPIPE, SIG_IGN);
+        signal(SIGXFSZ, SIG_IGN); // a file that mustn't grow is an error of the write
         sigset_t ending;
         sigemptyset(&ending);
         sigaddset(&ending, SIGTERM);

@@ -29,7 +29,7 @@ struct SessionEnd {
 };
 
 /// Serves one session from the hellos to its end. The signals SIGTERM and SIGHUP end it between two
-/// messages; the calling thread has them blocked from then on, and SIGPIPE is ignored.
+/// messages; the calling thread has them blocked from then on, and SIGPIPE and SIGXFSZ are ignored.
 /// `on_hello_sent` is called once the server's hello is on its way.
 SessionEnd serve_session(Server& server, const SessionOptions& options,
                          const std::function<void()>& on_hello_sent);

@@ -4,11 +4,14 @@ stored and what the log says. No SSH is needed: the server knows nothing of it.
 """
 
 import argparse
+import calendar
 import contextlib
 import json
 import os
 import pathlib
+import pwd
 import re
+import resource
 import select
 import signal
 import subprocess
@@ -536,6 +539,36 @@ def reads(folder):
         expect(f"<locked-by-session>{session.id}<" in reply and "capabilities" not in reply, reply)
 
 
+def monitoring(folder):
+    """All sessions, and what this one has counted (RFC 6022); no document is needed."""
+    def leaves(node):
+        return {re.sub("{.*}", "", each.tag): each.text for each in node}
+
+    def sessions_of(session):
+        reply = session.ask(get(f'<netconf-state xmlns="{MONITORING}"><sessions/></netconf-state>'))
+        told = {each["session-id"]: each
+                for each in map(leaves, reply.top.iter(f"{{{MONITORING}}}session"))}
+        expect(set(told) == {str(each.id) for each in (one, two, three)}, reply.text)
+        return told
+
+    # One that only reads has no file to meet the others in until another session has made it.
+    with Session(folder, "--read-only") as two, Session(folder) as one, Session(folder) as three:
+        sessions_of(two)
+        one.refuse(edit(interface(LOOPBACK, "", operation("create"))), "data-exists")
+        one.refuse(edit(interface(LOOPBACK, "<type>x</type><foo/>")), "operation-not-supported",
+                   "unknown-element")
+        one.send(chunked("<rpc/>"))
+        one.read_message()
+        (folder / "state.xml").write_text("broken")
+        told = sessions_of(one)
+        own, other = told[str(one.id)], told[str(two.id)]
+        expect((own["in-rpcs"], own["in-bad-rpcs"], own["out-rpc-errors"]) == ("2", "1", "3"), own)
+        expect((own["username"], other["username"]) == ("ada", pwd.getpwuid(os.getuid()).pw_name),
+               told)
+        began = calendar.timegm(time.strptime(other["login-time"], "%Y-%m-%dT%H:%M:%SZ"))
+        expect(abs(time.time() - began) < DEADLINE, other)
+
+
 def schemas(folder):
     """Each module that the server has is in its hello, and comes with get-schema."""
     with Session(folder) as session:
@@ -560,6 +593,12 @@ def replies(folder):
         session.send(chunked(f'<n:rpc message-id="2" xmlns:n="{NC}"><n:validate><n:source>'
                              "<n:running/></n:source></n:validate></n:rpc>"))
         expect(session.read_message().ok, "prefixes")
+        session.send(chunked(f'<if:rpc message-id="3" xmlns:if="{NC}" xmlns="{IF}"><if:edit-config>'
+                             f"<if:target><if:running/></if:target><if:config><interfaces><interface"
+                             f' if:operation="create"><name>{LOOPBACK}</name></interface>'
+                             "</interfaces></if:config></if:edit-config></if:rpc>"))
+        reply = session.read_message()
+        expect(reply.top.find(f".//{{{NC}}}error-path") is not None, reply.text)
         reply = session.ask(get(), "")
         expect(reply.errors[0] == {"rpc-error": "", "error-type": "rpc",
                                    "error-tag": "missing-attribute", "error-severity": "error",
@@ -592,6 +631,8 @@ def options(folder):
         for body in (describe("x"), locks("lock"), locks("unlock"),
                      f"<kill-session><session-id>{session.id}</session-id></kill-session>"):
             session.refuse(body, "access-denied")
+        expect("edit by ada (192.0.2.1 5 192.0.2.2 22): refused: access-denied" in
+               " ".join(session.log()), session.log())
         session.do("<validate><source><running/></source></validate>")
         session.do("<close-session/>")
     expect((folder / "running.xml").read_bytes() == before, "nothing is written")
@@ -611,12 +652,18 @@ def logs(folder):
     with Session(folder) as session:
         session.do(describe("x"))
         session.ask(DELETE_MISSING.replace(LOOPBACK, "a&#10;session 1: b"))
+        session.refuse(edit("", target="<candidate/>"), "invalid-value")
+        session.do(locks("lock"))
+        session.do(locks("unlock"))
         session.end()
-        begin, first, second, last = session.log()
+        begin, first, second, third, *both, last = session.log()
         expect(begin.endswith("begins: ada (192.0.2.1 5 192.0.2.2 22)"), begin)
         expect(first.endswith("edit by ada (192.0.2.1 5 192.0.2.2 22) of /interfaces: ok"), first)
         expect(": refused: data-missing /interfaces/interface[name='a session 1: b']" in second,
                second)
+        expect("edit by ada (192.0.2.1 5 192.0.2.2 22): refused: invalid-value" in third, third)
+        expect([line.partition(": ")[2] for line in both] ==
+               [f"{each} by ada (192.0.2.1 5 192.0.2.2 22)" for each in ("lock", "unlock")], both)
         expect("ends: the client has gone" in last, last)
     with Session(folder, "--log=trace") as session:
         session.ask(get_config(interface(LOOPBACK)))
@@ -653,7 +700,7 @@ def sessions(folder):
             three.do(f"<kill-session><session-id>{two.id}</session-id></kill-session>")
             three.do(locks("lock"))
             expect(two.wait() == 0 and "by a signal" in two.log()[-1], two.log())
-            expect(f"session {two.id} was killed" in three.log()[-1], three.log())
+            expect(f"session {two.id} was killed" in three.log()[-2], three.log())
             # A session that hears nothing is ended all the same.
             with Session(folder) as deaf:
                 deaf.ask(get_config(interface(LOOPBACK)))
@@ -757,6 +804,33 @@ def storing(folder):
     expect(description(folder) == "y", "the last edit")
 
 
+def faults_of_the_system(folder):
+    """What the system refuses is answered, and the session goes on, whether its log can be written
+    or not."""
+    with Session(folder, "--library=none.so") as session:
+        for _ in range(2):
+            reply = session.refuse(get_config(), "operation-failed")
+            expect("none.so" in reply.text, reply.text)
+        session.do("<validate><source><running/></source></validate>")
+    with Session(folder) as one, Session(folder) as two:
+        one.do(locks("lock"))
+        one.do(locks("unlock"))
+        no_limit = resource.RLIM_INFINITY
+        resource.prlimit(one.id, resource.RLIMIT_FSIZE, (0, no_limit))
+        for body in (locks("lock"), describe("x")):
+            reply = one.refuse(body, "operation-failed")
+            expect(reply.errors[0]["error-type"] == "application", reply.text)
+        two.do(locks("lock"))
+        two.do(locks("unlock"))
+        resource.prlimit(one.id, resource.RLIMIT_FSIZE, (no_limit, no_limit))
+        one.do(describe("after"))
+    # Without standard output, the hello isn't written into the file that is opened first.
+    done = subprocess.run(["sh", "-c", '"$0" serve --running running.xml --log-to-stderr >&-', YMAP],
+                          cwd=folder, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+    expect(done.returncode == 1 and b"cannot write" in done.stderr, done)
+    expect(b"hello" not in (folder / "running.xml.lock").read_bytes(), "the locks hold a hello")
+
+
 def deaths(folder):
     """Sessions that are killed in the midst of edits: documents are whole, and no edit that was
     answered is lost."""
@@ -775,8 +849,9 @@ def deaths(folder):
                int(run) < i and answered == 0, f"{stored} after {answered} answers of run {i}")
 
 
-TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, schemas, replies,
-         options, logs, sessions, concurrent_edits, changes_outside, storing, deaths]
+TESTS = [framing, hellos, bad_frames, ends, too_big, memory, operations, reads, monitoring, schemas,
+         replies, options, logs, sessions, concurrent_edits, changes_outside, storing,
+         faults_of_the_system, deaths]
 
 
 def main():
