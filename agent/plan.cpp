@@ -286,6 +286,7 @@ private:
         if (children(node).empty())
             return true;
         bool is_asked = false;
+        plan_.filter.reserve(filter, node.subtree_count);
         for (const OzkMapNode& child : children(node)) {
             const bool is_read = plan_child(schema, child, filter, asked);
             if (!is_read && is_match(child)) // which then never holds
