@@ -469,8 +469,7 @@ public:
         for (OzkMapNode& root : children(content())) {
             const ModelRoot* known = find_root(root);
             if (known == nullptr) {
-                losses_.unknown_root(root);
-                root.marks |= ozk::MARK_DROPPED;
+                faults_.unknown_root(root); // it asks for another model, not for more of this one
             } else if (known->is_state) {
                 faults_.add("operation-not-supported", "is state, which can't be edited", root);
             } else if (known->is_clients && library_.root_walker(*known) == nullptr) {
