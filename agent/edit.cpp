@@ -56,6 +56,7 @@ private:
     void carry_out()
     {
         refuse_lossy_document();
+        refuse_lossy_values();
         auto [faults, losses] = examine_edit(request_, library_, true);
         if (!options_.drops_unmapped)
             faults.insert(faults.end(), losses.begin(), losses.end());
@@ -95,6 +96,12 @@ private:
                     {"operation-failed", fmt::format("{}:{}: /{} stands there twice",
                                                      native_.document->name, root.line, root.tag)});
         data::InstancePaths paths(*native_.top, list_keys());
+        if (const OzkMapNode* leaf =
+                native_.document->has_prefixed ? find_prefixed(*native_.top) : nullptr)
+            throw RequestError({"operation-failed",
+                                fmt::format("{}:{}: the value of {} has a prefix, whose "
+                                            "declaration an edit would lose",
+                                            native_.document->name, leaf->line, paths.of(*leaf))});
         for (const auto& [node, attributes] : native_.document->attributes) {
             const auto other = std::ranges::find_if(
                 attributes, [](const data::Attribute& each) { return each.prefix != "xmlns"; });
@@ -108,6 +115,36 @@ private:
                                  "would lose",
                                  native_.document->name, node->line, path, other->name)});
         }
+    }
+
+    /// The types of native leaves aren't known, so that any may need what its prefix stands for. Of
+    /// the clients' model, what has a native path doesn't.
+    void refuse_lossy_values() const
+    {
+        for (const OzkMapNode& root : request_.roots()) {
+            const ModelRoot* known = find_root(root);
+            if (!request_.document.has_prefixed || known == nullptr || known->is_clients)
+                continue;
+            if (const OzkMapNode* leaf = find_prefixed(root)) {
+                const std::string message = fmt::format(
+                    "the value of '{}' has a prefix, whose declaration would be lost", leaf->tag);
+                Error error =
+                    error_at("operation-not-supported", message, *request_.content, *leaf);
+                error.bad_element = leaf->tag;
+                throw RequestError(error);
+            }
+        }
+    }
+
+    /// The first node with a value that begins with a prefix, or null.
+    static const OzkMapNode* find_prefixed(const OzkMapNode& node)
+    {
+        if ((node.marks & ozk::MARK_PREFIXED) != 0)
+            return &node;
+        for (const OzkMapNode& child : children(node))
+            if (const OzkMapNode* found = find_prefixed(child))
+                return found;
+        return nullptr;
     }
 
     /// An operation on a root of the clients' model: a delete deletes all entries that clients see,
@@ -198,6 +235,8 @@ private:
         }
         if (!edit_error.element.empty())
             error.bad_element = edit_error.element;
+        if (std::string_view(edit_error.tag) == "bad-attribute") // there is but one
+            error.bad_attribute = "operation";
         return error;
     }
 

@@ -286,6 +286,7 @@ private:
         if (children(node).empty())
             return true;
         bool is_asked = false;
+        plan_.filter.reserve(filter, node.subtree_count);
         for (const OzkMapNode& child : children(node)) {
             const bool is_read = plan_child(schema, child, filter, asked);
             if (!is_read && is_match(child)) // which then never holds
@@ -468,8 +469,7 @@ public:
         for (OzkMapNode& root : children(content())) {
             const ModelRoot* known = find_root(root);
             if (known == nullptr) {
-                losses_.unknown_root(root);
-                root.marks |= ozk::MARK_DROPPED;
+                faults_.unknown_root(root); // it asks for another model, not for more of this one
             } else if (known->is_state) {
                 faults_.add("operation-not-supported", "is state, which can't be edited", root);
             } else if (known->is_clients && library_.root_walker(*known) == nullptr) {

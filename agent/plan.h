@@ -32,8 +32,8 @@ ReadPlan plan_read(const Request& request, const MapLibrary& library);
 
 /// What is to be said of an edit before it is walked, in the order of the document.
 struct Examination {
-    /// What is wrong whatever the map knows: a key that is missing, one thing twice, a value where
-    /// elements belong, state.
+    /// What is wrong whatever the map knows: a root of another model, a key that is missing, one
+    /// thing twice, a value where elements belong, state.
     std::vector<Note> faults;
     /// What the map doesn't carry out: a leaf without a native path, a node of another model.
     std::vector<Note> losses;

@@ -29,44 +29,53 @@ public:
         ReadPlan plan  = plan_read(request_, library_);
         reading_.notes = std::move(plan.notes);
 
-        ozk::Run& there = begin_pass("pass 1: the request becomes native paths");
-        for (OzkMapNode& node : children(plan.map_request.top()))
-            walk_root(there, node);
-        end_pass(there);
-
-        ozk::Run& back = begin_pass("pass 2: native data becomes data of the clients' model");
-        const ozk::Tree& asked = keep(data::filter_of(there.added()));
+        const ozk::Tree asked = ask(plan.map_request);
         note_missing(asked.top());
-        const data::Filter native_filter(asked.top());
-        for (const Native& native : natives_) {
-            OzkMapNode picked =
-                native_filter.select(*native.top, native.document->indexes, keep(ozk::Tree()));
-            for (OzkMapNode& root : children(picked))
-                walk_root(back, root);
-        }
-        end_pass(back);
+        const ozk::Tree& mapped = keep(answer(data::Filter(asked.top())));
 
         // The request's own filter: on what came back, and on the native data itself.
         const data::Filter filter(plan.filter.top());
-        const ozk::Tree& mapped = keep(ozk::tree_of(back.added()));
         data::Indexes indexes;
         take(filter.select(mapped.top(), indexes, keep(ozk::Tree())));
         for (const Native& native : natives_)
             take(filter.select(*native.top, native.document->indexes, keep(ozk::Tree())));
-        keep(std::move(plan.map_request));
-        keep(std::move(plan.filter));
         return std::move(reading_);
     }
 
 private:
     ozk::Tree& keep(ozk::Tree tree) { return reading_.parts.emplace_back(std::move(tree)); }
 
-    ozk::Run& begin_pass(const char* pass)
+    /// The filter of native data that the map makes of the request, whose texts it has. A request
+    /// may name entries without end: the paths that they become aren't kept.
+    ozk::Tree ask(ozk::Tree& map_request)
     {
-        auto& run = reading_.passes.emplace_back(std::make_unique<ozk::Run>(request_.op_code));
+        ozk::Run run(request_.op_code);
+        begin_pass(run, "pass 1: the request becomes native paths");
+        for (OzkMapNode& node : children(map_request.top()))
+            walk_root(run, node);
+        end_pass(run);
+        return data::filter_of(run.added());
+    }
+
+    /// What the map makes of the native data that the filter picks.
+    ozk::Tree answer(const data::Filter& native_filter)
+    {
+        ozk::Run run(request_.op_code);
+        begin_pass(run, "pass 2: native data becomes data of the clients' model");
+        for (const Native& native : natives_) {
+            OzkMapNode picked =
+                native_filter.select(*native.top, native.document->indexes, keep(ozk::Tree()));
+            for (OzkMapNode& root : children(picked))
+                walk_root(run, root);
+        }
+        end_pass(run);
+        return ozk::tree_of(run.added());
+    }
+
+    void begin_pass(ozk::Run& run, const char* pass)
+    {
         if (hooks_.before_pass)
-            hooks_.before_pass(*run, pass);
-        return *run;
+            hooks_.before_pass(run, pass);
     }
 
     void end_pass(ozk::Run& run)

@@ -7,7 +7,6 @@
 #define YMAP_AGENT_READ_H
 
 #include <deque>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -29,8 +28,7 @@ struct Reading {
     std::vector<Walk> walks; ///< that ended with a status: the reply is then not to be given
     std::vector<std::string> faults; ///< broken contracts between library and framework
 
-    std::deque<ozk::Tree> parts;                   ///< that the reply refers to
-    std::vector<std::unique_ptr<ozk::Run>> passes; ///< likewise
+    std::deque<ozk::Tree> parts; ///< that the reply refers to
 };
 
 Reading read(const Request& request, std::span<const Native> natives, const MapLibrary& library,

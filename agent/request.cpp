@@ -29,6 +29,45 @@ bool is_of_netconf(const OzkMapNode& node)
     return text(node.ns_uri) == NS_NETCONF;
 }
 
+[[noreturn]] void fail_attribute(const data::Document& document, const OzkMapNode* content,
+                                 const char* tag, const std::string& message,
+                                 const OzkMapNode& node, std::string_view attribute)
+{
+    Error error = error_at(tag, message, content != nullptr ? *content : document.tree.top(), node);
+    error.type  = content != nullptr ? "application" : "protocol";
+    error.bad_element   = node.tag;
+    error.bad_attribute = attribute;
+    throw RequestError(error);
+}
+
+/// Neither an operation without its prefix nor any other attribute may be passed over: the request
+/// would do more or less than it says. Without `content`, `node` is of the envelope.
+void refuse_attributes(const data::Document& document, const OzkMapNode* content,
+                       const OzkMapNode& node, std::string_view but_for = {})
+{
+    const auto fail = [&](const char* tag, const std::string& message, std::string_view attribute) {
+        fail_attribute(document, content, tag, message, node, attribute);
+    };
+    if (node.edit_is_own != 0 && content == nullptr)
+        fail("bad-attribute", fmt::format("'{}' is no data that an operation is for", node.tag),
+             "operation");
+    for (const data::Attribute& each : document.attributes_of(node)) {
+        if (each.prefix == "xmlns" || (!but_for.empty() && each.name == but_for &&
+                                       (each.ns_uri.empty() || each.ns_uri == NS_NETCONF)))
+            continue;
+        if (each.ns_uri == NS_NETCONF && each.name == "operation")
+            fail("bad-attribute",
+                 fmt::format("unknown operation '{}' of '{}'", each.value, node.tag), each.name);
+        fail("unknown-attribute",
+             each.ns_uri.empty()
+                 ? fmt::format("attribute '{}' of '{}' has no namespace and is not supported",
+                               each.name, node.tag)
+                 : fmt::format("attribute '{}:{}' of '{}' is not supported", each.prefix, each.name,
+                               node.tag),
+             each.name);
+    }
+}
+
 class EnvelopeReader {
 public:
     EnvelopeReader(Request& request, const RequestOptions& options)
@@ -61,12 +100,20 @@ public:
         take_content(top);
     }
 
+    void read_config(OzkMapNode& config)
+    {
+        request_.op_code = MAP_OP_EDIT;
+        if (config.value != nullptr)
+            fail("bad-element", "text is not expected in config", config);
+        take_content(config);
+    }
+
 private:
-    [[noreturn]] void fail(const char* tag, const std::string& message, const OzkMapNode& node,
-                           const char* type = "protocol") const
+    [[noreturn]] void fail(const char* tag, const std::string& message,
+                           const OzkMapNode& node) const
     {
         Error error = error_at(tag, message, node);
-        error.type  = type;
+        error.type  = "protocol";
         if (node.tag != nullptr)
             error.bad_element = node.tag;
         throw RequestError(error);
@@ -89,15 +136,6 @@ private:
         throw RequestError(error);
     }
 
-    [[noreturn]] void fail_attribute(const char* tag, const std::string& message,
-                                     const OzkMapNode& node, const data::Attribute& attribute) const
-    {
-        Error error         = error_at(tag, message, node);
-        error.bad_element   = node.tag;
-        error.bad_attribute = attribute.name;
-        throw RequestError(error);
-    }
-
     static void require_known_root(const OzkMapNode& node);
     void read_rpc(OzkMapNode& rpc);
     void read_get(OzkMapNode& operation);
@@ -113,7 +151,6 @@ private:
                             std::initializer_list<std::string_view> choices) const;
     void check_filter(const OzkMapNode& filter) const;
     void take_content(OzkMapNode& content);
-    void refuse_attributes(const OzkMapNode& node) const;
     /// Gives each node the operation that holds for it.
     void inherit_operations(OzkMapNode& node, ozk::Edit operation) const;
     void mark_matches(OzkMapNode& node) const;
@@ -144,14 +181,14 @@ void EnvelopeReader::read_rpc(OzkMapNode& rpc)
 {
     request_.is_rpc = true;
     if (rpc.value != nullptr)
-        fail("malformed-message", "text is not expected here", rpc, "rpc");
+        fail("bad-element", "text is not expected here", rpc);
     const auto operations = children(rpc);
-    if (operations.empty())
-        fail("missing-element", "the rpc holds no operation", rpc, "rpc");
+    if (operations.empty()) // RFC 6241, appendix B, has that name for any of them
+        fail_missing("rpcOperation", "the rpc holds no operation", rpc);
     if (operations.size() > 1)
-        fail("malformed-message",
+        fail("bad-element",
              fmt::format("element '{}' follows the operation of the rpc", operations[1].tag),
-             operations[1], "rpc");
+             operations[1]);
     OzkMapNode& operation = operations.front();
     if (!is_of_netconf(operation) ||
         (text(operation.tag) != "get" && text(operation.tag) != "get-config" &&
@@ -162,12 +199,8 @@ void EnvelopeReader::read_rpc(OzkMapNode& rpc)
                          operation.tag),
              operation);
     if (operation.value != nullptr)
-        fail("malformed-message", fmt::format("text is not expected in {}", operation.tag),
-             operation);
-    refuse_attributes(operation);
-    for (const OzkMapNode& parameter : children(operation))
-        if (text(parameter.tag) != "filter")
-            refuse_attributes(parameter);
+        fail("bad-element", fmt::format("text is not expected in {}", operation.tag), operation);
+    agent::refuse_attributes(request_.document, operation);
     if (text(operation.tag) == "edit-config")
         return read_edit(operation);
     request_.op_code = text(operation.tag) == "get" ? MAP_OP_GET : MAP_OP_GET_CONFIG;
@@ -210,6 +243,9 @@ void EnvelopeReader::require_datastore(const OzkMapNode* parameter, const char* 
              fmt::format("'{}' is not supported as the {} of {}", names.front().tag, name,
                          operation.tag),
              names.front());
+    if (names.front().value != nullptr || !children(names.front()).empty())
+        fail("bad-element", fmt::format("'{}' is no empty element", names.front().tag),
+             names.front());
 }
 
 /// The value of a parameter, which has to be one of `choices`; the first without the parameter.
@@ -232,14 +268,13 @@ std::string_view EnvelopeReader::choice(const OzkMapNode* parameter,
 void EnvelopeReader::check_filter(const OzkMapNode& filter) const
 {
     for (const data::Attribute& attribute : request_.document.attributes_of(filter))
-        if (attribute.name == "type" && attribute.prefix != "xmlns" &&
-            (attribute.ns_uri.empty() || attribute.ns_uri == NS_NETCONF) &&
-            attribute.value != "subtree")
-            fail_attribute("bad-attribute",
+        if (attribute.name == "type" && attribute.value != "subtree")
+            fail_attribute(request_.document, nullptr, "bad-attribute",
                            fmt::format("a filter of type '{}' is not supported, only of type "
                                        "'subtree'",
                                        attribute.value),
-                           filter, attribute);
+                           filter, attribute.name);
+    refuse_attributes(request_.document, nullptr, filter, "type");
     if (filter.value != nullptr)
         fail("bad-element", "text is not expected in filter", filter);
 }
@@ -267,7 +302,6 @@ void EnvelopeReader::read_edit(OzkMapNode& operation)
     const auto [target, default_operation, test_option, error_option, config] = parameters<5>(
         operation, {"target", "default-operation", "test-option", "error-option", "config"});
     require_datastore(target, "target", operation);
-    request_.op_code                      = MAP_OP_EDIT;
     const std::string_view operation_name = choice(default_operation, {"merge", "replace", "none"});
     request_.default_operation = ozk::edit_from_name(operation_name).value_or(ozk::Edit::none);
     request_.test_only = choice(test_option, {"test-then-set", "set", "test-only"}) == "test-only";
@@ -279,9 +313,7 @@ void EnvelopeReader::read_edit(OzkMapNode& operation)
              *error_option);
     if (config == nullptr)
         fail_missing("config", "edit-config holds no config", operation);
-    if (config->value != nullptr)
-        fail("bad-element", "text is not expected in config", *config);
-    take_content(*config);
+    read_config(*config);
 }
 
 void EnvelopeReader::take_content(OzkMapNode& content)
@@ -302,34 +334,9 @@ void EnvelopeReader::take_content(OzkMapNode& content)
         inherit_operations(root, request_.default_operation);
 }
 
-/// Neither an operation without its prefix nor any other attribute may be passed over: the request
-/// would do more or less than it says.
-void EnvelopeReader::refuse_attributes(const OzkMapNode& node) const
-{
-    if (node.edit_is_own != 0 && request_.content == nullptr) // it is of the envelope
-        fail("bad-attribute", fmt::format("'{}' is no data that an operation is for", node.tag),
-             node);
-    for (const data::Attribute& attribute : request_.document.attributes_of(node)) {
-        if (attribute.prefix == "xmlns")
-            continue;
-        if (attribute.ns_uri == NS_NETCONF && attribute.name == "operation")
-            fail_attribute("bad-attribute",
-                           fmt::format("unknown operation '{}' of '{}'", attribute.value, node.tag),
-                           node, attribute);
-        fail_attribute("unknown-attribute",
-                       attribute.ns_uri.empty()
-                           ? fmt::format("attribute '{}' of '{}' has no namespace and is not "
-                                         "supported",
-                                         attribute.name, node.tag)
-                           : fmt::format("attribute '{}:{}' of '{}' is not supported",
-                                         attribute.prefix, attribute.name, node.tag),
-                       node, attribute);
-    }
-}
-
 void EnvelopeReader::inherit_operations(OzkMapNode& node, ozk::Edit operation) const
 {
-    refuse_attributes(node);
+    refuse_attributes(request_.document, request_.content, node);
     if (node.edit_is_own == 0)
         node.edit = static_cast<uint8_t>(operation);
     for (OzkMapNode& child : children(node))
@@ -383,18 +390,38 @@ Error error_at(const char* tag, const std::string& message, const OzkMapNode& to
 
 std::string error_path(data::InstancePaths& paths, const OzkMapNode& node)
 {
-    return paths.of(node, [](const char* ns_uri) {
+    bool is_known          = true;
+    const std::string path = paths.of(node, [&](const char* ns_uri) {
         if (text(ns_uri) == NS_NETCONF)
             return NETCONF_PREFIX;
         const Module* module = find_module(text(ns_uri));
+        is_known &= module != nullptr || text(ns_uri).empty();
         return module != nullptr ? std::string_view(module->prefix) : std::string_view();
     });
+    return is_known ? path : std::string();
 }
 
 Request parse_request(data::Document document, const RequestOptions& options)
 {
     Request request{.document = std::move(document)};
     EnvelopeReader(request, options).read();
+    return request;
+}
+
+void refuse_attributes(const data::Document& document, const OzkMapNode& operation)
+{
+    if (is_netconf(operation, "filter"))
+        return;
+    refuse_attributes(document, nullptr, operation);
+    if (!is_netconf(operation, "config"))
+        for (const OzkMapNode& child : children(operation))
+            refuse_attributes(document, child);
+}
+
+Request parse_config(data::Document document, OzkMapNode& config)
+{
+    Request request{.document = std::move(document)};
+    EnvelopeReader(request, {}).read_config(config);
     return request;
 }
 

@@ -51,10 +51,19 @@ struct RequestOptions {
 /// Throws RequestError for what isn't supported or not understood.
 Request parse_request(data::Document document, const RequestOptions& options);
 
+/// The same of a configuration that stands in `config`, a node of `document`: an edit that merges
+/// it into what there is.
+Request parse_config(data::Document document, OzkMapNode& config);
+
+/// Throws RequestError for an attribute of `operation`, which is of `document`, or of what stands
+/// below it, a <filter> and what a <config> holds excepted: those are parse_request()'s.
+void refuse_attributes(const data::Document& document, const OzkMapNode& operation);
+
 /// An error about `node`, which is of the tree below `top`: with its line and its paths.
 Error error_at(const char* tag, const std::string& message, const OzkMapNode& top,
                const OzkMapNode& node);
-/// Instance paths of nodes below `top` for error-path, with the models' prefixes.
+/// Instance paths of nodes below `top` for error-path, with the models' prefixes; empty for a node
+/// of or below a namespace that has none, whose path would name another node.
 std::string error_path(data::InstancePaths& paths, const OzkMapNode& node);
 
 /// The content of a document that holds data: the node whose children are roots. A bare tree, a

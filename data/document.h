@@ -32,6 +32,7 @@ struct Document {
     /// them: it is the node's own edit. Declarations are those of an outermost element of NETCONF.
     std::unordered_map<const OzkMapNode*, std::vector<Attribute>> attributes = {};
     bool has_operations = false; ///< an edit operation stands on some node
+    bool has_prefixed   = false; ///< some node has ozk::MARK_PREFIXED
 
     const std::vector<Attribute>& attributes_of(const OzkMapNode& node) const
     {

@@ -75,7 +75,7 @@ struct Filter::Level {
         std::vector<Match> matches;
         bool is_whole  = false; ///< selects all below
         bool completes = false; ///< selected beside others only
-        std::unique_ptr<const Level> below;
+        Nodes sources;          ///< of the filter, which this one stands for
 
         bool is_named_like(const OzkMapNode& data) const
         {
@@ -88,6 +88,22 @@ struct Filter::Level {
                    std::ranges::all_of(matches,
                                        [&](const Match& match) { return match.holds_in(data); });
         }
+        /// Made when data first reaches it: of the entries that a filter names, many may not be
+        /// there.
+        const Level* below() const
+        {
+            if (below_ == nullptr) {
+                Nodes filters;
+                for (const OzkMapNode* source : sources)
+                    for (const OzkMapNode& child : children(*source))
+                        filters.push_back(&child);
+                below_ = std::make_unique<const Level>(filters);
+            }
+            return below_.get();
+        }
+
+    private:
+        mutable std::unique_ptr<const Level> below_;
     };
 
     explicit Level(const Nodes& filters);
@@ -97,23 +113,20 @@ struct Filter::Level {
     std::unordered_multimap<EntryKey, const Node*, EntryKeyHash> by_match; ///< the others
 
 private:
-    struct Draft {
-        Node node;
-        Nodes below;
-    };
     static std::string identity_of(const Node& node);
-    static bool read(const OzkMapNode& filter, Draft& draft);
+    static bool read(const OzkMapNode& filter, Node& node);
 };
 
 /// Reads what one node of a filter says; false if it can't stand for anything.
-bool Filter::Level::read(const OzkMapNode& filter, Draft& draft)
+bool Filter::Level::read(const OzkMapNode& filter, Node& node)
 {
     if ((filter.marks & ozk::MARK_MATCHES_NONE) != 0)
         return false;
-    draft.node.tag    = filter.tag;
-    draft.node.ns_uri = filter.ns_uri;
+    node.tag     = filter.tag;
+    node.ns_uri  = filter.ns_uri;
+    node.sources = {&filter};
     if (has_value(filter))
-        draft.node.value = trim(filter.value);
+        node.value = trim(filter.value);
     bool selects = children(filter).empty();
     bool matches = false;
     for (const OzkMapNode& child : children(filter)) {
@@ -123,12 +136,11 @@ bool Filter::Level::read(const OzkMapNode& filter, Draft& draft)
             return false;
         } else {
             matches = true;
-            draft.node.matches.push_back({child.tag, child.ns_uri, trim(child.value)});
+            node.matches.push_back({child.tag, child.ns_uri, trim(child.value)});
         }
-        draft.below.push_back(&child);
     }
-    draft.node.is_whole  = children(filter).empty() || (matches && !selects);
-    draft.node.completes = (filter.marks & ozk::MARK_COMPLETES) != 0;
+    node.is_whole  = children(filter).empty() || (matches && !selects);
+    node.completes = (filter.marks & ozk::MARK_COMPLETES) != 0;
     return true;
 }
 
@@ -156,45 +168,37 @@ std::string Filter::Level::identity_of(const Node& node)
 
 Filter::Level::Level(const Nodes& filters)
 {
-    std::vector<Draft> drafts;
     std::unordered_map<std::string, size_t> known;
     for (const OzkMapNode* filter : filters) {
-        Draft draft{};
-        if (!read(*filter, draft))
+        Node node{};
+        if (!read(*filter, node))
             continue;
-        const auto [place, is_new] = known.try_emplace(identity_of(draft.node), drafts.size());
+        const auto [place, is_new] = known.try_emplace(identity_of(node), nodes.size());
         if (is_new) {
-            drafts.push_back(std::move(draft));
+            nodes.push_back(std::move(node));
             continue;
         }
-        Draft& same = drafts[place->second];
-        same.node.is_whole |= draft.node.is_whole;
-        same.node.completes &= draft.node.completes;
-        same.below.insert(same.below.end(), draft.below.begin(), draft.below.end());
+        Node& same = nodes[place->second];
+        same.is_whole |= node.is_whole;
+        same.completes &= node.completes;
+        same.sources.push_back(filter);
     }
-    const auto others = std::stable_partition(drafts.begin(), drafts.end(), [](const Draft& draft) {
-        return draft.node.matches.empty();
-    });
-    plain             = static_cast<size_t>(others - drafts.begin());
-    std::ranges::stable_sort(drafts.begin(), others, {},
-                             [](const Draft& draft) { return text(draft.node.tag); });
+    const auto others = std::stable_partition(
+        nodes.begin(), nodes.end(), [](const Node& node) { return node.matches.empty(); });
+    plain = static_cast<size_t>(others - nodes.begin());
+    std::ranges::stable_sort(nodes.begin(), others, {},
+                             [](const Node& node) { return text(node.tag); });
     std::unordered_map<EntryKey, size_t, EntryKeyHash> shared; // by how many nodes
     const auto key_of = [](const Node& node, const Match& match) {
         return EntryKey{text(node.tag), text(match.tag), match.value};
     };
-    for (const Draft& draft : drafts)
-        for (const Match& match : draft.node.matches)
-            ++shared[key_of(draft.node, match)];
-    nodes.reserve(drafts.size());
-    for (Draft& draft : drafts) {
-        Node& node = nodes.emplace_back(std::move(draft.node));
-        if (!node.is_whole)
-            node.below = std::make_unique<const Level>(draft.below);
-        if (!node.matches.empty()) {
-            const auto rarest = std::ranges::min_element(
-                node.matches, {}, [&](const Match& match) { return shared[key_of(node, match)]; });
-            by_match.emplace(key_of(node, *rarest), &node);
-        }
+    for (const Node& node : nodes)
+        for (const Match& match : node.matches)
+            ++shared[key_of(node, match)];
+    for (const Node& node : std::span(nodes).subspan(plain)) {
+        const auto rarest = std::ranges::min_element(
+            node.matches, {}, [&](const Match& match) { return shared[key_of(node, match)]; });
+        by_match.emplace(key_of(node, *rarest), &node);
     }
 }
 
@@ -319,7 +323,7 @@ private:
         for (const Node* node : found) {
             if (node->is_whole)
                 return true;
-            levels.push_back(node->below.get());
+            levels.push_back(node->below());
         }
         return select(child, levels, part);
     }

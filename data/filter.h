@@ -28,7 +28,8 @@ namespace ymap::data {
 /// No model is needed: the content matches in an entry tell it from the other entries of its list.
 class Filter {
 public:
-    /// Of the children of `top`, which stand for those of a tree's top. The texts are not copied.
+    /// Of the children of `top`, which stand for those of a tree's top; what stands below `top` has
+    /// to stay.
     explicit Filter(const OzkMapNode& top);
     ~Filter();
     Filter(Filter&&) noexcept;

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "document.h"
 
@@ -20,6 +21,10 @@ struct InputError : std::runtime_error {
     /// A line of 0 is not known.
     InputError(const std::string& name, uint32_t error_line, std::string_view message);
     uint32_t line;
+    /// The error-tag that a message gets for it (RFC 6241, appendix A): what is well-formed as far
+    /// as it was read is no "malformed-message".
+    const char* tag     = "malformed-message";
+    std::string element = {}; ///< of a "bad-element"
 };
 
 /// The parser's own limit on levels, and so the largest depth limit.
@@ -43,6 +48,10 @@ struct ReadOptions {
     /// Whether a good operation attribute of NETCONF becomes its node's edit; else it is an
     /// attribute like any other.
     bool takes_operations = false;
+    /// Whether the document has to be in UTF-8, as messages have (RFC 6241, 3).
+    bool only_utf8 = false;
+    /// Gets the attributes of an outermost <rpc> once they are known, whatever comes after them.
+    std::vector<data::Attribute>* rpc_attributes = nullptr;
 };
 
 /// Reads an XML document: no DTD, no entity of its own, no file but the one named. An element is a

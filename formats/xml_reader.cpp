@@ -5,6 +5,7 @@
 // named, and no recursion here; the depth of the tree is limited. Once an error is known, nothing
 // that the parser owns is touched any more, whatever the event; the parser ends at its next read.
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <exception>
@@ -21,6 +22,14 @@
 namespace ymap::formats {
 
 namespace {
+
+/// The parser looks names up in a table that stops growing, and prefixes one after the other, so
+/// that each of a message's elements would take it as long as there are many.
+constexpr int most_names       = 1 << 16; ///< of elements, attributes, prefixes, namespaces
+constexpr size_t most_declared = 1000;    ///< namespaces declared in scope
+/// It compares each attribute of a tag with all others before it shows the tag, so that a tag of
+/// megabytes would take it hours. Text, on the other hand, comes in pieces.
+constexpr size_t longest_tag = 1 << 16;
 
 std::string_view view(const xmlChar* text)
 {
@@ -51,9 +60,14 @@ private:
     uint32_t line() const;
     uint32_t line_of_start_tag() const;
     int read_more(char* buffer, int size);
-    /// Keeps the first error.
-    void fail(uint32_t line, std::string_view message);
+    /// Whether the value begins with a prefix that is declared where the parser stands, as that of
+    /// an identity or of an instance-identifier does (RFC 7950, 9.10.3 and 9.13.2).
+    bool has_prefix(std::string_view value) const;
+    /// Keeps the first error. Of text beside elements, `element` is what holds both.
+    void fail(uint32_t line, std::string_view message, const char* tag = "malformed-message",
+              const char* element = "");
     void fail(std::string_view message) { fail(line(), message); }
+    void fail_too_big(std::string_view message) { fail(line(), message, "too-big"); }
     bool failed() const { return error_ != nullptr; }
     /// Runs an event unless an error is known; what it throws becomes the error.
     template <class Event>
@@ -66,9 +80,11 @@ private:
     TreeBuilder builder_;
     std::exception_ptr error_;
     xmlParserCtxtPtr parser_ = nullptr;
-    size_t read_since_event_ = 0; ///< bytes that the parser took in without an event
-    std::string text_;            ///< read since the last tag
-    std::string tail_;            ///< last bytes read, in which a frame's end may begin
+    std::vector<std::string_view> prefixes_; ///< declared in scope
+    std::vector<size_t> scopes_;             ///< how many there were before each open element
+    size_t read_since_event_ = 0;            ///< bytes that the parser took in without an event
+    std::string text_;                       ///< read since the last tag
+    std::string tail_;                       ///< last bytes read, in which a frame's end may begin
     bool has_read_  = false;
     bool is_framed_ = false; ///< frames of NETCONF stand around or in the document
     std::array<std::pair<const xmlChar*, const char*>, 256> interned_{};
@@ -95,10 +111,14 @@ uint32_t XmlReader::line_of_start_tag() const
     return result;
 }
 
-void XmlReader::fail(uint32_t line, std::string_view message)
+void XmlReader::fail(uint32_t line, std::string_view message, const char* tag, const char* element)
 {
-    if (!failed())
-        error_ = std::make_exception_ptr(InputError(document_.name, line, message));
+    if (failed())
+        return;
+    InputError error(document_.name, line, message);
+    error.tag     = tag;
+    error.element = element;
+    error_        = std::make_exception_ptr(error);
 }
 
 const char* XmlReader::intern(const xmlChar* text)
@@ -116,37 +136,44 @@ void XmlReader::start_element(const xmlChar* name, const xmlChar* ns_uri, int de
                               const xmlChar** attributes)
 {
     if (builder_.depth() >= options_.depth_limit)
-        return fail(fmt::format("element '{}' is nested deeper than {} levels", view(name),
-                                options_.depth_limit));
+        return fail_too_big(fmt::format("element '{}' is nested deeper than {} levels", view(name),
+                                        options_.depth_limit));
     if (!data::trim(text_).empty())
-        return fail(fmt::format("text and element '{}' stand side by side", view(name)));
+        return fail(line(), fmt::format("text and element '{}' stand side by side", view(name)),
+                    "bad-element", builder_.opened().tag);
     text_.clear();
+    scopes_.push_back(prefixes_.size());
+    for (int i = 0; i < declaration_count; ++i)
+        prefixes_.push_back(view(declarations[2 * i]));
     OzkMapNode node{};
     node.tag    = intern(name);
     node.ns_uri = intern(ns_uri);
     node.line   = line_of_start_tag();
     builder_.open(node);
-    // Those of an <rpc> come back in its reply.
-    const bool is_envelope = builder_.depth() == 1 && view(ns_uri) == data::NS_NETCONF;
-    if (attribute_count > 0 || (is_envelope && declaration_count > 0))
-        read_attributes(is_envelope ? declaration_count : 0, declarations, attribute_count,
-                        attributes);
+    if (attribute_count > 0 || declaration_count > 0)
+        read_attributes(declaration_count, declarations, attribute_count, attributes);
+    if (prefixes_.size() > most_declared)
+        fail_too_big(fmt::format("more than {} namespaces are declared in scope", most_declared));
+    if (options_.only_utf8 && parser_->input->buf->encoder != nullptr)
+        fail("a message has to be in UTF-8");
 }
 
 void XmlReader::read_attributes(int declaration_count, const xmlChar** declarations, int count,
                                 const xmlChar** fields)
 {
     std::vector<data::Attribute> attributes;
-    for (int i = 0; i < declaration_count; ++i, declarations += 2) // prefix, URI
+    OzkMapNode& node = builder_.opened();
+    // Those of an <rpc> come back in its reply.
+    const bool is_envelope = builder_.depth() == 1 && ozk::text(node.ns_uri) == data::NS_NETCONF;
+    for (int i = 0; is_envelope && i < declaration_count; ++i, declarations += 2) // prefix, URI
         attributes.push_back(
             {"xmlns", std::string(view(declarations[0])), "", std::string(view(declarations[1]))});
     for (int i = 0; i < count; ++i, fields += 5) { // name, prefix, URI, value and its end
         const std::string_view value(reinterpret_cast<const char*>(fields[3]),
                                      static_cast<size_t>(fields[4] - fields[3]));
         const auto edit = ozk::edit_from_name(value);
-        if (edit && options_.takes_operations && view(fields[0]) == "operation" &&
+        if (edit && options_.takes_operations && !is_envelope && view(fields[0]) == "operation" &&
             view(fields[2]) == data::NS_NETCONF) {
-            OzkMapNode& node         = builder_.opened();
             node.edit                = static_cast<uint8_t>(*edit);
             node.edit_is_own         = 1;
             document_.has_operations = true;
@@ -155,6 +182,8 @@ void XmlReader::read_attributes(int declaration_count, const xmlChar** declarati
                                   std::string(view(fields[2])), std::string(value)});
         }
     }
+    if (is_envelope && options_.rpc_attributes != nullptr && ozk::text(node.tag) == "rpc")
+        *options_.rpc_attributes = attributes;
     if (!attributes.empty())
         builder_.add_attributes(std::move(attributes));
 }
@@ -166,11 +195,26 @@ void XmlReader::end_element()
     if (!builder_.has_children()) {
         if (!is_blank)
             ozk::Tree::set_value(node, document_.tree.keep(text_));
+        if (!is_blank && has_prefix(data::trim(text_))) {
+            node.marks |= ozk::MARK_PREFIXED;
+            document_.has_prefixed = true;
+        }
     } else if (!is_blank) {
-        return fail(fmt::format("text stands beside the elements in '{}'", node.tag));
+        return fail(line(), fmt::format("text stands beside the elements in '{}'", node.tag),
+                    "bad-element", node.tag);
     }
     text_.clear();
+    prefixes_.resize(scopes_.back());
+    scopes_.pop_back();
     builder_.close();
+}
+
+bool XmlReader::has_prefix(std::string_view value) const
+{
+    value.remove_prefix(value.starts_with('/') ? 1 : 0);
+    const size_t colon = value.find(':');
+    return colon != 0 && colon != value.npos &&
+           std::ranges::find(prefixes_, value.substr(0, colon)) != prefixes_.end();
 }
 
 template <class Event>
@@ -231,11 +275,8 @@ xmlSAXHandler XmlReader::events()
     return events;
 }
 
-/// The parser compares each attribute of a tag with all others before it shows the tag, so that a
-/// tag of megabytes would take it hours. Text, on the other hand, comes in pieces.
 int XmlReader::read_more(char* buffer, int size)
 {
-    constexpr size_t longest_tag      = 1 << 16;
     constexpr std::string_view framed = "]]>]]>";
     if (failed())
         return -1;
@@ -254,7 +295,9 @@ int XmlReader::read_more(char* buffer, int size)
         is_framed_ |= tail_.find(framed) != tail_.npos;
         tail_.erase(0, tail_.size() - std::min(tail_.size(), framed.size() - 1));
         if (read_since_event_ > longest_tag)
-            fail(fmt::format("a tag is longer than {} bytes", longest_tag));
+            fail_too_big(fmt::format("a tag is longer than {} bytes", longest_tag));
+        if (parser_ != nullptr && xmlDictSize(parser_->dict) > most_names)
+            fail_too_big(fmt::format("there are more than {} names in it", most_names));
         return failed() ? -1 : static_cast<int>(count);
     } catch (...) {
         error_ = std::current_exception();

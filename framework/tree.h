@@ -46,6 +46,7 @@ enum : uint8_t {
     MARK_ATTRIBUTES   = 4,  ///< the document has attributes on the node beside an edit operation
     MARK_MATCHES_NONE = 8,  ///< of a filter: nothing can be like the node
     MARK_COMPLETES    = 16, ///< of a filter: selected beside others, but nothing for its own sake
+    MARK_PREFIXED     = 32, ///< the value begins with a prefix that the document declares
 };
 
 /// The children of `node`, as its flags let them be read; none where the tree is broken.

@@ -98,22 +98,9 @@ void require_running(const OzkMapNode& parameter)
         fail("invalid-value",
              fmt::format("'{}' is not supported as the {}", names.front().tag, parameter.tag),
              "protocol", names.front().tag);
-}
-
-/// RFC 6241, 8.6.4.1: what is to be validated is a whole configuration, and gets its answer as an
-/// edit would that makes it out of nothing.
-data::Document edit_of_nothing(data::Document document, OzkMapNode& operation,
-                               const OzkMapNode& config)
-{
-    ozk::Tree& tree        = document.tree;
-    const char* ns_uri     = tree.intern(NS_NETCONF);
-    const OzkMapNode moved = config;
-    operation.tag          = tree.intern("edit-config");
-    tree.set_children(operation, {});
-    OzkMapNode& target = tree.append(operation, tree.intern("target"), ns_uri);
-    tree.append(target, tree.intern("running"), ns_uri);
-    tree.append(operation) = moved;
-    return document;
+    if (names.front().value != nullptr || !children(names.front()).empty())
+        fail("bad-element", fmt::format("'{}' is no empty element", names.front().tag), "protocol",
+             names.front().tag);
 }
 
 /// Ends an edit, however it comes to its end.
@@ -188,8 +175,9 @@ private:
         } catch (const RequestError& error) {
             errors_ = {error.error};
         } catch (const formats::InputError& error) {
-            errors_         = {{"malformed-message", error.what()}};
-            errors_[0].type = "rpc";
+            errors_                = {{error.tag, error.what()}};
+            errors_[0].type        = error.element.empty() ? "rpc" : "protocol";
+            errors_[0].bad_element = error.element;
         } catch (const std::bad_alloc&) {
             errors_ = {{"resource-denied", "the request takes more memory than there is"}};
         } catch (const std::exception& error) { // of the system: a file, the map library
@@ -270,14 +258,15 @@ const Server::Exchange::Operation Server::Exchange::operations[] = {
 
 void Server::Exchange::carry_out(std::string_view message)
 {
-    data::Document document =
-        formats::read_xml("rpc", formats::bytes_of(message),
-                          {.depth_limit = options_.depth_limit, .takes_operations = true});
-    OzkMapNode& rpc = children(document.tree.top()).front();
+    data::Document document = formats::read_xml("rpc", formats::bytes_of(message),
+                                                {.depth_limit      = options_.depth_limit,
+                                                 .takes_operations = true,
+                                                 .only_utf8        = true,
+                                                 .rpc_attributes   = &envelope_.attributes[rpc_]});
+    OzkMapNode& rpc         = children(document.tree.top()).front();
     if (!is_of_netconf(rpc) || text(rpc.tag) != "rpc")
         fail("malformed-message", fmt::format("an rpc is expected, not '{}'", rpc.tag), "rpc");
-    const auto& attributes     = document.attributes_of(rpc);
-    envelope_.attributes[rpc_] = attributes;
+    const auto& attributes = document.attributes_of(rpc);
     if (std::none_of(attributes.begin(), attributes.end(), [](const data::Attribute& each) {
             return each.name == "message-id" && each.prefix.empty();
         })) {
@@ -293,8 +282,10 @@ void Server::Exchange::carry_out(std::string_view message)
     }
     OzkMapNode& operation = children(rpc).front();
     for (const Operation& known : operations)
-        if (known.name == text(operation.tag) && known.ns_uri == text(operation.ns_uri))
+        if (known.name == text(operation.tag) && known.ns_uri == text(operation.ns_uri)) {
+            agent::refuse_attributes(document, operation);
             return (this->*known.carry_out)(std::move(document), operation);
+        }
     fail("operation-not-supported", fmt::format("operation '{}' is not supported", operation.tag),
          "protocol", operation.tag);
 }
@@ -374,8 +365,10 @@ void Server::Exchange::validate(data::Document document, OzkMapNode& operation)
         error.bad_attribute = "operation";
         throw RequestError(error);
     }
+    // RFC 6241, 8.6.4.1: it is a whole configuration, and gets its answer as an edit would that
+    // makes it out of nothing.
     agent::Request& request =
-        parse(edit_of_nothing(std::move(document), operation, content.front()));
+        request_.emplace(agent::parse_config(std::move(document), content.front()));
     data::Document nothing{"config"};
     agent::Edited edited = try_edit(request, {&nothing, &nothing.tree.top()});
     take_errors(edited);
@@ -601,9 +594,10 @@ std::string Server::hello() const
 
 bool Server::take_hello(std::string_view message) const
 {
-    data::Document document = formats::read_xml("hello", formats::bytes_of(message),
-                                                {.depth_limit = options_.depth_limit});
-    OzkMapNode& hello       = children(document.tree.top()).front();
+    data::Document document =
+        formats::read_xml("hello", formats::bytes_of(message),
+                          {.depth_limit = options_.depth_limit, .only_utf8 = true});
+    OzkMapNode& hello = children(document.tree.top()).front();
     if (!is_of_netconf(hello) || text(hello.tag) != "hello")
         fail("malformed-message", fmt::format("a hello is expected, not '{}'", hello.tag));
     const auto [capabilities, session_id] = parameters<2>(hello, {"capabilities", "session-id"});

@@ -410,12 +410,15 @@ def memory(folder):
             ("empty elements", edit("<a xmlns='urn:x'/>" + "<a/>" * 4_000_000)),
             ("unknown leaves", edit(interface(LOOPBACK, "<a/>" * 4_000_000))),
             ("entries without a key", edit(interfaces("<interface/>" * 1_300_000))),
+            ("keys of state", get(f'<interfaces-state xmlns="{IF}">' + "".join(
+                f"<interface><name>{i}</name></interface>" for i in range(380_000)) +
+                "</interfaces-state>")),
             ("filters", get(interfaces("<interface><a/></interface>" * 600_000))),
             ("blanks", get(interfaces(" " * 16_000_000)))):
         with Session(folder) as session:
             sender = session.send_in_background(chunked(rpc(message)))
             while session.take_message() is None:
-                session.read()
+                expect(session.read(), f"no answer to {what}")
             sender.join(DEADLINE)
             size = int(re.search(r"VmHWM:\s*(\d+)", pathlib.Path(
                 f"/proc/{session.id}/status").read_text())[1])
@@ -428,6 +431,11 @@ def memory(folder):
 # Operations
 
 DELETE_MISSING = edit(interface(LOOPBACK, f"<enabled{operation('delete')}/>"))
+
+NATIVE = edit(f'<interface-configurations xmlns="{CFG}"><interface-configuration>'
+              "<active>prepared</active><interface-name>gigabit-ethernet-0/2/0</interface-name>"
+              "<description>native</description></interface-configuration>"
+              "</interface-configurations>")
 
 # The operation; the tags of the errors that answer it, or () for <ok/>; what the reply has in it.
 OPERATIONS = [
@@ -443,6 +451,12 @@ OPERATIONS = [
      ("operation-not-supported", "unknown-element"), "<bad-element>foo</bad-element>"),
     (edit(interface(LOOPBACK, "<description/>", ' nc:operation="move"')), ("bad-attribute",),
      "<bad-attribute>operation</bad-attribute>"),
+    (edit("").replace("<config", f'<config xmlns:nc="{NC}"' + operation("replace")),
+     ("bad-attribute",), "<bad-attribute>operation</bad-attribute>"),
+    (NATIVE.replace("<interface-name", f'<interface-name xmlns:nc="{NC}"' + operation("delete")),
+     ("bad-attribute",), "<bad-attribute>operation</bad-attribute>"),
+    (NATIVE.replace("<description>", "<description xmlns:p='urn:p'>p:"),
+     ("operation-not-supported",), "/nq-ifmgr-cfg:description</"),
     (edit(interface(LOOPBACK, "", ' operation="delete"')), ("unknown-attribute",), "operation"),
     (edit("<x xmlns='urn:x'/>"), ("unknown-namespace",), "<bad-namespace>urn:x</bad-namespace>"),
     (edit(f'<interfaces-state xmlns="{IF}"/>'), ("operation-not-supported",), "is state"),
@@ -464,13 +478,12 @@ OPERATIONS = [
      "<bad-element>config</bad-element>"),
     ("<edit-config><target><running/></target><url>ftp://x</url></edit-config>",
      ("unknown-element",), "<bad-element>url</bad-element>"),
-    (f'<edit-config><target><running/></target><config><interface-configurations xmlns="{CFG}">'
-     "<interface-configuration><active>prepared</active><interface-name>gigabit-ethernet-0/2/0"
-     "</interface-name><description>native</description></interface-configuration>"
-     "</interface-configurations></config></edit-config>", (), ""),
+    (NATIVE, (), ""),
     (get_config(source="<startup/>"), ("invalid-value",), "startup"),
     ("<get-config/>", ("missing-element",), "<bad-element>source</bad-element>"),
     ('<get><filter type="xpath" select="/"/></get>', ("bad-attribute",), "xpath"),
+    ('<get><filter type="subtree" select="/"/></get>', ("unknown-attribute",), "select"),
+    ("<get>x</get>", ("bad-element",), "<bad-element>get</bad-element>"),
     ("<get><with-defaults/></get>", ("unknown-element",), "with-defaults"),
     ("<validate><source><running/></source></validate>", (), ""),
     (f"<validate><source><config>{interface('a', '<enabled>true</enabled>')}</config></source>"
@@ -479,11 +492,18 @@ OPERATIONS = [
      ("operation-not-supported",), "<bad-element>type</bad-element>"),
     (f"<validate><source><config>{interface('a', '', operation('delete'))}</config></source>"
      "</validate>", ("unknown-attribute",), ""),
+    ("<validate><source><config>x</config></source></validate>", ("bad-element",),
+     "/nc:rpc/nc:validate/nc:source/nc:config</"),
+    ('<validate><source><config a="1"/></source></validate>', ("unknown-attribute",), ""),
     ("<validate><source><candidate/></source></validate>", ("invalid-value",), "candidate"),
     ("<validate/>", ("missing-element",), "<bad-element>source</bad-element>"),
     (locks("lock"), (), ""),
     (locks("lock"), ("lock-denied",), "<session-id>"),
     (locks("lock", "<candidate/>"), ("invalid-value",), "candidate"),
+    (locks("unlock").replace("<target", f'<target xmlns:nc="{NC}"' + operation("delete")),
+     ("bad-attribute",), "/nc:rpc/nc:unlock/nc:target</"),
+    (locks("unlock", "<running>x</running>"), ("bad-element",), ""),
+    (edit("", target="<running>x</running>"), ("bad-element",), ""),
     (locks("unlock"), (), ""),
     (locks("unlock"), ("operation-failed",), "no lock"),
     ("<lock/>", ("missing-element",), "<bad-element>target</bad-element>"),
@@ -492,15 +512,21 @@ OPERATIONS = [
     ("<kill-session><session-id>4294967290</session-id></kill-session>", ("invalid-value",), ""),
     ("<kill-session/>", ("missing-element",), "<bad-element>session-id</bad-element>"),
     ("<close-session><x/></close-session>", ("unknown-element",), ""),
+    ('<close-session a="1"/>', ("unknown-attribute",), "<bad-attribute>a</bad-attribute>"),
     (get_schema("no-such-module"), ("invalid-value",), "no-such-module"),
     (get_schema("ietf-interfaces", "<format>xsd</format>"), ("invalid-value",), "xsd"),
     (f'<get-schema xmlns="{MONITORING}"/>', ("missing-element",), "identifier"),
     ("<commit/>", ("operation-not-supported",), "<bad-element>commit</bad-element>"),
     ("<copy-config/>", ("operation-not-supported",), "<bad-element>copy-config</bad-element>"),
     ('<get xmlns="urn:x"/>', ("operation-not-supported",), "<bad-element>get</bad-element>"),
-    ("", ("missing-element",), "holds no operation"),
-    ("<get/><get/>", ("malformed-message",), "follows the operation"),
-    ("text", ("malformed-message",), "text is not expected"),
+    ("", ("missing-element",), "<bad-element>rpcOperation</bad-element>"),
+    ("<get/><get/>", ("bad-element",), "follows the operation"),
+    ("text", ("bad-element",), "text is not expected"),
+    (describe("see <b>note</b>"), ("bad-element",), "<bad-element>description</bad-element>"),
+    ("<get><filter/>x</get>", ("bad-element",), "<bad-element>get</bad-element>"),
+    ("<a>" * 64, ("too-big",), "deeper than 64 levels"),
+    (f"<a b='{'x' * 90_000}'/>", ("too-big",), "a tag is longer"),
+    ("<get></got>", ("malformed-message",), ":1: "),
 ]
 
 
@@ -508,7 +534,8 @@ def operations(folder):
     with Session(folder) as session:
         for body, tags, part in OPERATIONS:
             reply = session.ask(body)
-            expect(reply.tags == list(tags) and reply.ok == (not tags) and part in reply.text,
+            expect(reply.tags == list(tags) and reply.ok == (not tags) and part in reply.text and
+                   reply.top.get("message-id") == "1",
                    f"{body}\n{tags}, {part}: {reply.text}")
         expect(description(folder) == "new" and
                description(folder, "gigabit-ethernet-0/2/0") == "native", "what is stored")
@@ -599,6 +626,8 @@ def replies(folder):
                              "</interfaces></if:config></if:edit-config></if:rpc>"))
         reply = session.read_message()
         expect(reply.top.find(f".//{{{NC}}}error-path") is not None, reply.text)
+        top = session.ask(locks("unlock"), f'message-id="3" n:operation="merge" xmlns:n="{NC}"').top
+        expect(top.attrib == {"message-id": "3", f"{{{NC}}}operation": "merge"}, top.attrib)
         reply = session.ask(get(), "")
         expect(reply.errors[0] == {"rpc-error": "", "error-type": "rpc",
                                    "error-tag": "missing-attribute", "error-severity": "error",
@@ -610,12 +639,19 @@ def replies(folder):
         with Session(folder, version=version) as session:
             for message, part in (("<rpc\n\n>", ":3:"), ("<rpc message-id='1'/>", "'rpc'"),
                                   (" ", ":1:"), (hello("1.1"), "'hello'"), ("\xe9\0", ":1:"),
-                                  (rpc("<a>" * 100), "deeper than 64 levels"),
                                   ("<!DOCTYPE x [<!ENTITY a 'b'>]>" + WHOLE, "DOCTYPE")):
                 session.send(session.framing(message))
                 reply = session.read_message()
                 expect(reply.tags == [tag] and reply.errors[0]["error-type"] == "rpc" and
                        part in reply.errors[0]["error-message"], f"{message[:40]}: {reply.text}")
+            if version == "1.1": # RFC 6241, 3
+                for declared, encoding in (("", "UTF-16"), ("ISO-8859-1", "latin-1"),
+                                           ("UTF-16", "UTF-8")):
+                    message = (declared and f"<?xml version='1.0' encoding='{declared}'?>") + WHOLE
+                    message = message.encode(encoding)
+                    session.send(b"\n#%d\n%s\n##\n" % (len(message), message))
+                    reply = session.read_message()
+                    expect(reply.tags == [tag] and "UTF-8" in reply.text, reply.text)
             expect(LOOPBACK in session.ask(get_config(interface(LOOPBACK))).text, "it goes on")
 
 
