@@ -168,8 +168,8 @@ def page(bounds, measured, walks, side, more):
                       for section, those in sections.items() if section != "Bounds")
     return f"""# Performance
 
-What the map library and the command `ymap` cost: the bounds that are kept, and what lies between
-them. `scripts/bench` measures everything anew and writes this page, in a few minutes on two
+What the map library and the command `ymap` cost: the bounds that are set, what was measured, and
+what lies between. `scripts/bench` measures everything anew and writes this page, in a few minutes on two
 processors; `scripts/check-bounds` measures the library's own bounds alone, needs no clock and fails
 where one doesn't hold. This run is of {walks.context["date"][:10]}.
 
@@ -186,7 +186,8 @@ type of its statistics, state, line state, MTU, bandwidth, description, and the 
 ## Bounds
 
 What a command makes of a document is measured by the bare pass over the same document: libxml2
-reads it and calls for each element and text, and nobody does anything with them.
+reads it and calls for each element and text, and nobody does anything with them. A **no** is a bound
+that isn't met, by as much as its row says.
 
 {rows_table(sections["Bounds"])}
 

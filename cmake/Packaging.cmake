@@ -42,10 +42,12 @@ Headers, CMake package and pkg-config file.")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME ymap)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${CPACK_DEBIAN_LIBRARY_PACKAGE_NAME} ${version}")
+set(CPACK_DEBIAN_COMMAND_PACKAGE_SUGGESTS openssh-server)
 set(CPACK_COMPONENT_COMMAND_DESCRIPTION
-    "command that walks YANG map libraries
+    "command that walks YANG map libraries, and NETCONF server
 Maps NETCONF documents as a router's agent does, over a stand-in of the agent's
-mapping framework.")
+mapping framework; carries reads and edits out on native documents, for NETCONF
+clients too, as a subsystem of OpenSSH.")
 
 # What each package has of its own below share/doc.
 file(STRINGS ${PROJECT_SOURCE_DIR}/packaging/changelog newest LIMIT_COUNT 1)

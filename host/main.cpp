@@ -56,15 +56,20 @@ int main(int argc, char** argv)
     app.footer(footer + "\nExit status: 0 mapped, 1 a walk returned a status, the data refused an "
                         "edit or a case\ndiffers, 2 the input or the command line is at fault.");
 
+    std::string help = "see ymap --help";
     try {
-        // The parser would only say that a verb is missing.
-        const std::string first = argc > 1 ? argv[1] : "--help";
+        // The parser would only say that a verb is missing, and call it a subcommand.
+        if (argc < 2)
+            throw ymap::formats::InputError("ymap", 0, "a verb is missing; " + help);
+        const std::string first = argv[1];
         const bool is_option    = first.starts_with('-');
         if (is_option ? app.get_option_no_throw(first) == nullptr
                       : std::ranges::find(verbs, first, &CLI::App::get_name) == verbs.end())
             throw ymap::formats::InputError(
                 "ymap", 0,
-                fmt::format("no {} '{}'; see ymap --help", is_option ? "option" : "verb", first));
+                fmt::format("no {} '{}'; {}", is_option ? "option" : "verb", first, help));
+        if (!is_option)
+            help = fmt::format("see ymap {} --help", first);
         app.parse(argc, argv);
         const int status = chosen();
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
@@ -75,7 +80,7 @@ int main(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0)
             return app.exit(error); // --help, --version
-        complain(fmt::format("ymap: {}; see ymap --help", ymap::data::for_message(error.what())));
+        complain(fmt::format("ymap: {}; {}", ymap::data::for_message(error.what()), help));
     } catch (const ymap::formats::InputError& error) {
         complain(error.what());
     } catch (const std::exception& error) {

@@ -10,16 +10,10 @@ namespace test {
 std::span<const Root> roots()
 {
     static const std::vector<Root> all = [] {
-        OzkMapFunction* const walkers[] = {
-            ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces,
-            ymap_iq_ietf_if_ietfinterfaces_lvla_interfacesstate,
-            ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_globalinterfaceconfiguration,
-            ymap_qi_ietf_if_brelviknqifmgrcfg_lvla_interfaceconfigurations,
-            ymap_qi_ietf_if_brelviknqpfiimcmdoper_lvla_interfaces};
         std::vector<Root> made;
         for (const schema::Model& model : schema::models())
             for (const schema::Node& node : model.roots)
-                made.push_back({model, node, walkers[made.size()]});
+                made.push_back({model, node, map_function(node.walker())});
         return made;
     }();
     return all;

@@ -18,7 +18,7 @@ inline constexpr uint32_t all_operations[] = {MAP_OP_GET_CONFIG, MAP_OP_EDIT, MA
 /// The status with which a test lets the framework fail.
 inline constexpr uint32_t framework_failure = 0xbad;
 
-/// The five roots, each with its walker.
+/// The roots of the schemas in their order, each with its walker.
 struct Root {
     const schema::Model& model;
     const schema::Node& node;

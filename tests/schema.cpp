@@ -66,7 +66,7 @@ Model read(const std::string& file, const std::string& ns_uri, const std::string
     std::ifstream in(std::string(YMAP_SCHEMA_DIR) + "/" + file);
     if (!in)
         throw std::runtime_error("schema: can't read " + file);
-    Model model{ns_uri, {}};
+    Model model{ns_uri, file.substr(0, file.find('.')), {}};
     std::vector<std::vector<Node>*> levels{&model.roots};
     std::vector<std::string> paths{""};
     for (std::string line; std::getline(in, line);) {

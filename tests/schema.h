@@ -31,6 +31,7 @@ struct Node {
 
 struct Model {
     std::string ns_uri;
+    std::string name; ///< in the names of files: "ietf-interfaces"
     std::vector<Node> roots;
 };
 

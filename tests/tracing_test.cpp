@@ -19,22 +19,20 @@ const std::string sources = "manageability/yang/framework/mapping/ietf-if/src/ym
 const std::vector<std::string>& source_of(const std::string& function, std::string& stem)
 {
     static std::map<std::string, std::vector<std::string>> read;
-    const std::map<std::string, std::string> models = {
-        {"ietfinterfaces", "ietf_interfaces"},
-        {"brelviknqifmgrcfg", "brelvik_nq_ifmgr_cfg"},
-        {"brelviknqpfiimcmdoper", "brelvik_nq_pfi_im_cmd_oper"}};
-    std::smatch parts;
-    if (!std::regex_match(function, parts, std::regex("(__)?ymap_.._ietf_if_([a-z]+)_(.*)")))
+    const bool is_generated = function.starts_with("__");
+    const std::string name  = function.substr(is_generated ? 2 : 0);
+    const auto model = std::ranges::find_if(schema::models(), [&](const schema::Model& each) {
+        return name.starts_with(each.roots.front().prefix);
+    });
+    if (model == schema::models().end())
         throw std::runtime_error("no function of the library: " + function);
-    stem                    = parts[3];
-    const bool is_generated = parts[1].matched;
-    const bool is_by_hand   = stem.starts_with("man_leaf_") || stem.ends_with("_handle_when") ||
-                            (!is_generated && stem.ends_with("_parse_augments"));
-    const char* kind = is_by_hand                                           ? "man"
-                       : is_generated && !stem.ends_with("_parse_augments") ? "auto"
-                                                                            : "parser";
-    const std::string file =
-        YMAP_SOURCE_ROOT "/" + sources + models.at(parts[2]) + "_" + kind + ".cpp";
+    stem                  = name.substr(model->roots.front().prefix.size());
+    const bool is_walker  = stem.starts_with("lvl") && !stem.ends_with("_parse_augments");
+    const bool is_in_rows = is_walker || (is_generated && stem.ends_with("_parse_augments"));
+    const char* kind      = is_in_rows ? "_parser" : is_generated ? "_auto" : "_man";
+    std::string file      = model->name + kind;
+    std::ranges::replace(file, '-', '_');
+    file = YMAP_SOURCE_ROOT "/" + sources + file + ".cpp";
     std::vector<std::string>& lines = read[file];
     if (lines.empty()) {
         std::istringstream in(read_file(file));

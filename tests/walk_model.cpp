@@ -260,7 +260,7 @@ private:
 
     uint32_t handler(const schema::Node& described, const OzkMapNode* node, uint32_t count = 0)
     {
-        const std::string function = "__" + described.handler();
+        const std::string function = (described.manual_handler ? "" : "__") + described.handler();
         const auto [shape, target] = end_of(described);
         if (shape == bare_list) {
             enter(function, "End");
