@@ -29,7 +29,8 @@ namespace ymap::data {
 class Filter {
 public:
     /// Of the children of `top`, which stand for those of a tree's top; what stands below `top` has
-    /// to stay.
+    /// to stay: a level of the filter is made when data first reaches it, so that one filter is for
+    /// one thread.
     explicit Filter(const OzkMapNode& top);
     ~Filter();
     Filter(Filter&&) noexcept;
