@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -111,16 +110,13 @@ private:
     /// are open where they come to lie.
     void make_room(Step& step, OzkMapNode& node)
     {
-        const std::less<const OzkMapNode*> before;
-        const auto moving  = ozk::children(node);
-        const uint32_t few = 2;
+        const OzkMapNode* moving = node.subtrees;
+        const uint32_t few       = 2;
         tree_.reserve(node, std::max({step.children, few, 2 * node.capacity}));
         OzkMapNode* moved = ozk::children(node).data();
         for (const auto& child : step.below)
-            if (child->parent == step.number && !moving.empty() &&
-                !before(child->node, moving.data()) &&
-                before(child->node, moving.data() + moving.size()))
-                child->node = moved + (child->node - moving.data());
+            if (child->parent == step.number)
+                child->node = moved + (child->node - moving);
     }
 
     struct Known {

@@ -87,9 +87,8 @@ void Tree::reserve(OzkMapNode& parent, uint32_t count)
     auto* records     = static_cast<OzkMapNode*>(
         store_->arena().allocate(count * sizeof(OzkMapNode), alignof(OzkMapNode)));
     std::uninitialized_copy(before.begin(), before.end(), records);
-    parent.subtrees      = records;
-    parent.subtree_count = static_cast<uint32_t>(before.size());
-    parent.capacity      = count;
+    parent.subtrees = records;
+    parent.capacity = count;
     parent.flags |= MAP_NODE_HAS_SUBTREES;
 }
 
