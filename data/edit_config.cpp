@@ -271,7 +271,6 @@ private:
             OzkMapNode& made =
                 tree.append(above, tree.intern(text(like.tag)),
                             like.ns_uri != nullptr ? tree.intern(like.ns_uri) : nullptr);
-            made.edit  = static_cast<uint8_t>(Edit::none);
             made.marks = like.marks & ozk::MARK_LIST_ENTRY;
             return made;
         };

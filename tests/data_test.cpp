@@ -85,8 +85,10 @@ TEST(Filter, Selects)
         {"top(list(key=b(text)))", ""}, // a value beside elements counts for nothing
         // several for the same node
         {"top(list(key=b text) list(kind))", "top(list(key=b text=two) list(kind=second))"},
+        {"top(list(key=a kind) list(x:key=a text))", "top(list(key=a) list(key=a kind=second))"},
         {"top(list(key=b text) list(key=b x:text))", "top(list(key=b text=two x:text=foreign))"},
         {"top(list(key=b text) list(key=b))", "top(list(key=b text=two x:text=foreign))"},
+        {"top(list(key=b) list(key=b text))", "top(list(key=b text=two x:text=foreign))"},
         {"top(list(key=c text) list(key=b text))", "top(list(key=b text=two))"},
         {"top(mode) top(list(kind))", "top(mode=auto list(kind=second))"},
         {"top(list(text) *:list(kind))", "top(list(text=one) list(text=two) list(kind=second))"},
@@ -311,6 +313,21 @@ TEST(Edit, OfLongLists)
     EXPECT_FALSE(apply("list@delete(key=z)"));
     EXPECT_TRUE(apply("list@create(key=3) list@create(key=z) list@delete(key=y)"));
     EXPECT_FALSE(apply("list@create(key=3)"));
+
+    // What filters ask for is found as it is after each edit.
+    const auto of_kind_9 = [&] {
+        const ozk::Tree filter = tree_with("top(list(kind=9 key))");
+        ozk::Tree into;
+        const ymap::data::Filter select(filter.top());
+        return shown(select.select(document.tree.top(), document.indexes, into), ns);
+    };
+    EXPECT_EQ(of_kind_9(), "");
+    EXPECT_TRUE(apply("list(key=41 kind=9) list(key=new kind=9)"));
+    EXPECT_EQ(of_kind_9(), "top(list(key=41 kind=9) list(key=new kind=9))");
+    EXPECT_TRUE(apply("list(key=41 kind@delete)"));
+    EXPECT_EQ(of_kind_9(), "top(list(key=new kind=9))");
+    EXPECT_TRUE(apply("list(key=41 kind=9) list@delete(key=new)"));
+    EXPECT_EQ(of_kind_9(), "top(list(key=41 kind=9))");
 }
 
 // RFC 7950, 9.13
@@ -318,6 +335,7 @@ TEST(InstancePath, TellsThePlaceOfANode)
 {
     const ozk::Tree tree =
         tree_with("top(list(key=a text=t) list(text=u) list(key=it's sub(key=1 x:v=2)) "
+                  "list(key=\"it's v) "
                   "pair(b=2 a=1 v) pair(a=1)) top(mode)");
     ymap::data::InstancePaths paths(tree.top(), lists);
     std::string all;
@@ -332,6 +350,7 @@ TEST(InstancePath, TellsThePlaceOfANode)
     EXPECT_EQ(all, "/top/list[key='a']/text\n"
                    "/top/list[2]/text\n"
                    "/top/list[key=\"it's\"]/sub[key='1']/v\n"
+                   "/top/list[key=concat('\"it',\"'\",'s')]/v\n"
                    "/top/pair[a='1'][b='2']/b\n"
                    "/top/pair[a='1'][b='2']/a\n"
                    "/top/pair[a='1'][b='2']/v\n"
