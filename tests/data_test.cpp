@@ -107,6 +107,10 @@ TEST(Filter, MarksOfAReader)
     EXPECT_EQ(selected(tree, filter), "top(list(key=a text=one) list(key=b text=two) list(key=a))");
     ozk::children(top[1])[0].marks = ozk::MARK_COMPLETES;
     EXPECT_EQ(selected(tree, filter), "top(list(key=a text=one) list(key=b text=two))");
+    ozk::Tree matched            = tree_with("top(list(key=b text kind))");
+    OzkMapNode& list             = ozk::children(*ozk::children(matched.top()).data())[0];
+    ozk::children(list)[2].marks = ozk::MARK_COMPLETES;
+    EXPECT_EQ(selected(tree, matched), "top(list(key=b text=two))");
 }
 
 /// A list of 60 entries, some of whose leaves have the same value.
@@ -139,7 +143,7 @@ TEST(Filter, SelectsInLongLists)
                          "list(key=48 kind=6) list(key=55 kind=6)"},
         {"list(key=41) mode", "list(key=41 kind=6) mode=auto"},
     };
-    const ozk::Tree tree = tree_with("top(" + long_list() + " mode=auto)");
+    const ozk::Tree tree = tree_with("top(other(key=41) " + long_list() + " mode=auto)");
     for (const auto& row : rows) {
         const std::string expected = row.selected;
         EXPECT_EQ(selected(tree, tree_with("top(" + std::string(row.filter) + ")")),
@@ -371,7 +375,7 @@ TEST(Text, IsMadeFitForAMessage)
 {
     EXPECT_EQ(ymap::data::trim(" \t\r\n a b \n"), "a b");
     EXPECT_EQ(ymap::data::trim(" \n"), "");
-    EXPECT_EQ(ymap::data::for_message("a\nb\x1b\x7f\xc2\x85\xc3\xa4~"), "a b   \xc3\xa4~");
+    EXPECT_EQ(ymap::data::for_message("a\nb\x1b\x7f\xc2\x85\xc2\xb5~"), "a b   \xc2\xb5~");
     EXPECT_EQ(ymap::data::for_message("\xff\xc3z\xc3\xa4\xe2\x82\xf0\x9f\x98\x80\x80"),
               "??z\xc3\xa4??\xf0\x9f\x98\x80?");
     EXPECT_EQ(ymap::data::for_message(std::string(400, 'x')), std::string(400, 'x'));
