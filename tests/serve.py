@@ -895,6 +895,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--ymap", required=True)
     parser.add_argument("--sanitized", action="store_true")
+    parser.add_argument("--fail-fast", action="store_true")
     parser.add_argument("test", nargs="*", help="names of tests; all unless given")
     arguments = parser.parse_args()
     YMAP, SANITIZED = os.path.abspath(arguments.ymap), arguments.sanitized
@@ -912,10 +913,12 @@ def main():
             try:
                 test(folder)
                 print(f"{test.__name__}: {time.monotonic() - begin:.1f} s")
-            except Exception: # all tests are to have their turn
+            except Exception: # all tests are to have their turn, unless one is enough
                 failed += 1
                 print(f"{test.__name__}: FAILED")
                 traceback.print_exc(file=sys.stdout)
+        if failed and arguments.fail_fast:
+            break
     return 1 if failed else 0
 
 
