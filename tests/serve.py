@@ -791,6 +791,9 @@ def changes_outside(folder):
             expect("running.xml:3: " in reply.text, reply.text)
         running.unlink()
         expect("cannot open" in session.refuse(one, "operation-failed").text, "gone")
+        running.write_text("")
+        with Session(folder) as another:
+            expect("is empty" in another.refuse(one, "operation-failed").text, "empty")
         running.write_text(good)
         session.do(describe("back"))
 
