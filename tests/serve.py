@@ -219,6 +219,12 @@ class Session:
         return self
 
     def __exit__(self, *_):
+        if self.process.poll() is None:  # ends by itself, or else is ended
+            os.set_blocking(self.input.fileno(), False)
+            with contextlib.suppress(OSError):
+                self.input.close()
+            with contextlib.suppress(subprocess.TimeoutExpired):
+                self.process.wait(1)
         self.process.kill()
         self.process.wait()
         self.process.stdout.close()
