@@ -220,8 +220,8 @@ class Session:
 
     def __exit__(self, *_):
         if self.process.poll() is None:  # ends by itself, or else is ended
-            os.set_blocking(self.input.fileno(), False)
-            with contextlib.suppress(OSError):
+            with contextlib.suppress(OSError, ValueError): # ValueError: closed before
+                os.set_blocking(self.input.fileno(), False)
                 self.input.close()
             with contextlib.suppress(subprocess.TimeoutExpired):
                 self.process.wait(1)
