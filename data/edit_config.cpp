@@ -281,7 +281,6 @@ private:
                 ozk::Tree::set_value(named(made, key), tree.keep(key.value));
             }
         data_.indexes.appended(parent);
-        changed(made);
         return made;
     }
 
