@@ -2,14 +2,12 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <system_error>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "case_file.h"
 #include "commands.h"
@@ -21,17 +19,6 @@
 namespace ymap::host {
 
 namespace {
-
-struct MapOptions {
-    std::vector<std::string> documents;
-    std::string op;
-    std::string format = "table";
-    std::string capture; ///< case file to write; empty: none
-    bool keep_going      = false;
-    uint32_t depth_limit = formats::DEFAULT_DEPTH_LIMIT;
-    DiagnosticsOptions diagnostics;
-    LibraryOptions library;
-};
 
 /// False if it can't be printed in the form that was asked for.
 bool print_mapping(const agent::Request& request, const agent::Mapping& mapping,
@@ -73,14 +60,16 @@ bool print_mapping(const agent::Request& request, const agent::Mapping& mapping,
 void check_capture(const MapOptions& options)
 {
     if (options.documents.size() != 1)
-        throw CLI::ValidationError("--capture takes one document");
+        throw UsageError("--capture takes one document");
     if (!options.library.siblings.empty())
-        throw CLI::ValidationError("--capture sees the calls of the stand-in siblings only: it "
-                                   "doesn't go with --siblings");
+        throw UsageError("--capture sees the calls of the stand-in siblings only: it "
+                         "doesn't go with --siblings");
     std::error_code error;
     if (std::filesystem::equivalent(options.capture, options.documents[0], error))
         throw formats::InputError(options.capture, 0, "the case file is the document itself");
 }
+
+} // namespace
 
 int map_documents(const MapOptions& options)
 {
@@ -142,8 +131,6 @@ int map_documents(const MapOptions& options)
     return status;
 }
 
-} // namespace
-
 agent::Mapping map_request(agent::Request& request, const agent::MapLibrary& library,
                            const agent::Hooks& hooks)
 {
@@ -152,36 +139,6 @@ agent::Mapping map_request(agent::Request& request, const agent::MapLibrary& lib
     } catch (const agent::RequestError& error) {
         throw formats::InputError(request.document.name, error.error.line, error.error.message);
     }
-}
-
-void add_map_command(CLI::App& app, Command& chosen)
-{
-    auto options   = std::make_shared<MapOptions>();
-    CLI::App* verb = app.add_subcommand("map", "Map documents and print the paths that come of it");
-    verb->add_option("DOCUMENT", options->documents,
-                     "NETCONF <rpc> with <get>, <get-config> or <edit-config>, or a bare data "
-                     "tree; - is standard input. Whatever of a request the map doesn't carry out "
-                     "is told on standard error, a line each")
-        ->required()
-        ->type_name("");
-    verb->add_option("--op", options->op, "Operation for which bare data trees are mapped")
-        ->check(CLI::IsMember(operation_codes));
-    verb->add_option("--format", options->format, "Form of the output")
-        ->check(CLI::IsMember({"table", "xml", "json"}))
-        ->capture_default_str();
-    verb->add_flag("--keep-going", options->keep_going,
-                   "Go on after a document that can't be read; the exit status is still 2");
-    add_diagnostics_options(*verb, options->diagnostics,
-                            "Print every call of the framework, ahead of the paths (with xml: on "
-                            "standard error)");
-    add_depth_limit_option(*verb, options->depth_limit);
-    verb->add_option("--capture", options->capture,
-                     "Write the run to a case file, for ymap replay: document, switches, and what "
-                     "--format json --calls prints")
-        ->type_name("FILE");
-    add_library_options(*verb, options->library);
-    verb->footer("Example: ymap map --calls examples/edit-create.xml");
-    verb->callback([options, &chosen] { chosen = [options] { return map_documents(*options); }; });
 }
 
 } // namespace ymap::host

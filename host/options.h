@@ -1,4 +1,4 @@
-// Options that several verbs have.
+// What several verbs can be asked for.
 
 #ifndef YMAP_HOST_OPTIONS_H
 #define YMAP_HOST_OPTIONS_H
@@ -8,12 +8,7 @@
 #include <string>
 
 #include "library.h"
-#include "reader.h"
 #include "ymap.h"
-
-namespace CLI {
-class App;
-}
 
 namespace ymap::host {
 
@@ -22,9 +17,6 @@ struct LibraryOptions {
     std::string library;  ///< empty: the one that the command was built or installed with
     std::string siblings; ///< likewise
 };
-void add_library_options(CLI::App& verb, LibraryOptions& options);
-/// Only the map library can be chosen; the siblings are the stand-ins.
-void add_library_option(CLI::App& verb, LibraryOptions& options);
 /// Loads what the options name. Throws agent::LoadError.
 agent::MapLibrary load_library(const LibraryOptions& options);
 
@@ -34,12 +26,6 @@ struct DiagnosticsOptions {
     bool calls = false;
     bool trace = false;
 };
-/// `calls_help` says where the calls go, which is the verb's affair.
-void add_diagnostics_options(CLI::App& verb, DiagnosticsOptions& options,
-                             const std::string& calls_help);
-
-/// The limit of depth of the documents that a verb reads.
-void add_depth_limit_option(CLI::App& verb, uint32_t& limit);
 
 /// The operations of a request by the names that the command line and case files give them.
 inline const std::map<std::string, uint32_t> operation_codes = {

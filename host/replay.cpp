@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "case_file.h"
 #include "commands.h"
@@ -24,12 +22,6 @@ namespace ymap::host {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-struct ReplayOptions {
-    std::vector<std::string> files;
-    bool update = false;
-    LibraryOptions library;
-};
 
 /// A case that is ready to run.
 struct Prepared {
@@ -151,10 +143,12 @@ std::string differences(const Case& captured, const std::vector<JsonMember>& res
     return text;
 }
 
-int replay(const ReplayOptions& options)
+} // namespace
+
+int replay_cases(const ReplayOptions& options)
 {
     if (options.update && std::ranges::find(options.files, "-") != options.files.end())
-        throw CLI::ValidationError("--update writes files: it doesn't go with standard input");
+        throw UsageError("--update writes files: it doesn't go with standard input");
     // Nothing runs before all cases are known to be sound.
     std::vector<Prepared> cases;
     for (const std::string& path : options.files) {
@@ -188,22 +182,6 @@ int replay(const ReplayOptions& options)
                    text);
     }
     return status;
-}
-
-} // namespace
-
-void add_replay_command(CLI::App& app, Command& chosen)
-{
-    auto options   = std::make_shared<ReplayOptions>();
-    CLI::App* verb = app.add_subcommand(
-        "replay", "Run cases that map --capture has written, and show what comes out otherwise");
-    verb->add_option("FILE", options->files, "Case files; - is standard input")
-        ->required()
-        ->type_name("");
-    verb->add_flag("--update", options->update, "Write what comes out now to cases that differ");
-    add_library_option(*verb, options->library);
-    verb->footer("Example: ymap replay tests/transcripts/cases/*.json");
-    verb->callback([options, &chosen] { chosen = [options] { return replay(*options); }; });
 }
 
 } // namespace ymap::host

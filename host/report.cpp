@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <vector>
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "calls.h"
 #include "text.h"

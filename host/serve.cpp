@@ -2,14 +2,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <fcntl.h>
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <syslog.h>
 #include <unistd.h>
 
@@ -23,18 +21,6 @@
 namespace ymap::host {
 
 namespace {
-
-struct ServeOptions {
-    std::string running;
-    std::vector<std::string> state;
-    std::string unmapped = "refuse";
-    std::string log;
-    bool read_only       = false;
-    bool log_to_stderr   = false;
-    uint32_t depth_limit = formats::DEFAULT_DEPTH_LIMIT;
-    netconf::SessionOptions session;
-    LibraryOptions library;
-};
 
 /// Lines for the system's log; or, for whoever tries the server by hand, for standard error.
 class SystemLog {
@@ -170,7 +156,9 @@ int serve(const ServeOptions& options, SystemLog& log)
     return end.is_fault ? exit_walk_error : exit_mapped;
 }
 
-/// Whatever ends the verb is in the log as well: nobody sees a subsystem's standard error.
+} // namespace
+
+// Whatever ends the verb is in the log as well: nobody sees a subsystem's standard error.
 int serve(const ServeOptions& options)
 {
     fill_standard_streams();
@@ -182,56 +170,6 @@ int serve(const ServeOptions& options)
             log.line(LOG_ERR, data::for_message(error.what()));
         throw;
     }
-}
-
-} // namespace
-
-void add_serve_command(CLI::App& app, Command& chosen)
-{
-    auto options   = std::make_shared<ServeOptions>();
-    CLI::App* verb = app.add_subcommand("serve", "Serve a NETCONF session on standard input and "
-                                                 "output, as a subsystem of OpenSSH");
-    verb->add_option("--running", options->running,
-                     "Running configuration: native data in XML; edits replace the file")
-        ->required()
-        ->type_name("FILE");
-    verb->add_option("--state", options->state,
-                     "State data: native data in XML or JSON, read whenever it has changed")
-        ->type_name("FILE");
-    verb->add_option("--unmapped", options->unmapped,
-                     "What becomes of an edit that holds what the map doesn't carry out, such as "
-                     "'type': it is refused, or that is dropped and told in the log")
-        ->check(CLI::IsMember({"refuse", "drop"}))
-        ->capture_default_str();
-    verb->add_flag("--read-only", options->read_only, "Refuse all that changes or locks the data");
-    verb->add_option("--max-message", options->session.max_message, "Bytes that a message may have")
-        ->check(CLI::Range(size_t{1} << 10, size_t{1} << 30))
-        ->capture_default_str();
-    verb->add_option("--idle-timeout", options->session.idle_time,
-                     "Seconds between two messages after which a session ends; 0 is never")
-        ->check(CLI::Range(0, 1'000'000))
-        ->capture_default_str();
-    verb->add_option("--frame-timeout", options->session.frame_time,
-                     "Seconds that a client may be silent within a message")
-        ->check(CLI::Range(1, 1'000'000))
-        ->capture_default_str();
-    verb->add_option("--hello-timeout", options->session.hello_time,
-                     "Seconds that a client has for its hello")
-        ->check(CLI::Range(1, 1'000'000))
-        ->capture_default_str();
-    verb->add_option("--write-timeout", options->session.write_time,
-                     "Seconds that a client may take nothing of an answer")
-        ->check(CLI::Range(1, 1'000'000))
-        ->capture_default_str();
-    verb->add_option("--log", options->log, "Write the map's own log too, up to this level")
-        ->check(CLI::IsMember({"error", "trace"}));
-    verb->add_flag("--log-to-stderr", options->log_to_stderr,
-                   "Write the log to standard error in place of the system's log");
-    add_depth_limit_option(*verb, options->depth_limit);
-    add_library_options(*verb, options->library);
-    verb->footer("Example: ymap serve --running native-configuration.xml --state "
-                 "native-operational.xml");
-    verb->callback([options, &chosen] { chosen = [options] { return serve(*options); }; });
 }
 
 } // namespace ymap::host

@@ -4,14 +4,12 @@
 #include <array>
 #include <cstdio>
 #include <iterator>
-#include <memory>
 #include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "columns.h"
@@ -30,14 +28,6 @@ namespace {
 using agent::is_mapped;
 using agent::prefix_of;
 using data::ExploredNode;
-
-struct TableOptions {
-    std::string path;
-    std::string model;
-    std::string format = "tree";
-    bool mapped        = false;
-    LibraryOptions library;
-};
 
 /// A root with its nodes, or those of them that were asked for.
 struct Section {
@@ -341,11 +331,10 @@ bool is_below(std::string_view path, std::string_view prefix)
 void print_whole(const TableOptions& options, const agent::MapLibrary& library)
 {
     if (!options.path.empty() || options.mapped)
-        throw CLI::ValidationError(
-            fmt::format("--format {} takes no path and no --mapped", options.format));
+        throw UsageError(fmt::format("--format {} takes no path and no --mapped", options.format));
     if (options.format == "dot") {
         if (!options.model.empty())
-            throw CLI::ValidationError("--format dot draws the whole map: it takes no --model");
+            throw UsageError("--format dot draws the whole map: it takes no --model");
         print(picture_of(library));
         return;
     }
@@ -366,10 +355,12 @@ void print_whole(const TableOptions& options, const agent::MapLibrary& library)
     if (prefixes.empty())
         throw std::runtime_error("the map library has no native model");
     if (texts.size() != 1)
-        throw CLI::ValidationError(fmt::format("--format {} prints one module: give --model {}",
-                                               options.format, fmt::join(prefixes, " or ")));
+        throw UsageError(fmt::format("--format {} prints one module: give --model {}",
+                                     options.format, fmt::join(prefixes, " or ")));
     print(texts.front());
 }
+
+} // namespace
 
 int print_table(const TableOptions& options)
 {
@@ -407,33 +398,6 @@ int print_table(const TableOptions& options)
     else
         print_tree(sections);
     return exit_mapped;
-}
-
-} // namespace
-
-void add_table_command(CLI::App& app, Command& chosen)
-{
-    auto options = std::make_shared<TableOptions>();
-    CLI::App* verb =
-        app.add_subcommand("table", "Print what the map library makes of each node of its schema");
-    std::vector<std::string> models;
-    for (const agent::ModelRoot& root : agent::model_roots())
-        if (models.empty() || models.back() != prefix_of(root.ns_uri))
-            models.emplace_back(prefix_of(root.ns_uri));
-    verb->add_option("PATH", options->path, "Only this node and those below it")->type_name("");
-    verb->add_option("--model", options->model, "Only the model with this prefix")
-        ->check(CLI::IsMember(models));
-    verb->add_option(
-            "--format", options->format,
-            "Form of the output: a tree that fits a terminal; a table with all there is to tell, "
-            "or one for other programs; the map as a picture, for Graphviz; what clients are told: "
-            "the YANG module of deviations, or that of one native --model")
-        ->check(CLI::IsMember({"tree", "text", "markdown", "csv", "dot", "deviations", "yang"}))
-        ->capture_default_str();
-    verb->add_flag("--mapped", options->mapped, "Only nodes that map to a path");
-    add_library_option(*verb, options->library);
-    verb->footer("Example: ymap table --mapped /interfaces-state");
-    verb->callback([options, &chosen] { chosen = [options] { return print_table(*options); }; });
 }
 
 } // namespace ymap::host

@@ -10,7 +10,7 @@
 #include <optional>
 #include <utility>
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "edit.h"
 #include "filter.h"
