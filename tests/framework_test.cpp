@@ -97,8 +97,8 @@ TEST(Framework, OutputTreeOfPaths)
         {"/r/in=1 /r/in-x=2", "r(in=1 in-x=2)"},
         {"/r/a=1 x:/r/b=2 /r/c=3", "r(a=1 c=3) x:r(b=2)"},
         // More children than a node had room for, and open ones among those that move.
-        {"/r/e* /r/e/a/b=1 /r/e/c=2 /r/e/d=3 /r/e/f=4 /r/e/g=5 /r/e/a/h=6 /r/e* /r/e/a/b=7 /r/e*",
-         "r(e(a(b=1 h=6) c=2 d=3 f=4 g=5) e(a(b=7)) e)"},
+        {"/r/e* /r/e/k=0 /r/e/a/b=1 /r/e/c=2 /r/e/d=3 /r/e/f=4 /r/e/a/h=6 /r/e* /r/e/a/b=7 /r/e*",
+         "r(e(k=0 a(b=1 h=6) c=2 d=3 f=4) e(a(b=7)) e)"},
     };
     for (const auto& row : rows) {
         ozk::Tree texts;
@@ -126,16 +126,17 @@ TEST(Framework, OutputTreeHasTheOperationsOfTheInput)
     ozk::Run run(MAP_OP_EDIT);
     ozk_map_add_to_node_hierarchy(run.ctx(), &nodes[0], MAP_HIER_LIST);
     add(run, "/r/e", nullptr, 1); // refers to no node: it is the entry that is walked
-    ozk_map_remove_from_node_hierarchy(run.ctx(), &nodes[0]);
     add(run, "/r/e/gone", nullptr, 0, &nodes[1]);
-    add(run, "/r/e/kept", nullptr, 0, &nodes[2]);
+    add(run, "/r/e/kept", nullptr, 1, &nodes[2]);
     add(run, "/r/e/of-none");
+    ozk_map_remove_from_node_hierarchy(run.ctx(), &nodes[0]);
     const ozk::Tree output = ozk::tree_of(run.added(), Edit::merge);
     EXPECT_EQ(shown(output.top(), ns), "r(e@create(gone@delete kept@merge of-none))");
     const OzkMapNode& entry = *output.top().subtrees->subtrees;
     EXPECT_EQ(entry.origin, &nodes[0]);
     EXPECT_EQ(entry.marks, ozk::MARK_LIST_ENTRY);
     EXPECT_EQ(entry.subtrees[0].line, 5U);
+    EXPECT_EQ(entry.subtrees[2].origin, nullptr);
     EXPECT_EQ(ozk::edit_of(entry.subtrees[2]), Edit::create) << "inherited";
 }
 
@@ -325,7 +326,8 @@ TEST(Framework, ListenerTurnsSwitchesBeforeTheCall)
     run.call([&] {
         EXPECT_EQ(ozk_debug_should_log(log, MAP_LOG_ERROR), 0);
         EXPECT_NE(ozk_debug_should_log(log, MAP_LOG_TRACE), 0);
-        EXPECT_EQ(ozk_debug_should_log(log, 35), 0);
+        run.set_level(MAP_LOG_ERROR, true);
+        EXPECT_EQ(ozk_debug_should_log(log, 32), 0) << "beyond all levels";
         run.set_level(MAP_LOG_TRACE, false);
         EXPECT_EQ(ozk_debug_should_log(log, MAP_LOG_TRACE), 0);
     });
