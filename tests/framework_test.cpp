@@ -97,8 +97,8 @@ TEST(Framework, OutputTreeOfPaths)
         {"/r/in=1 /r/in-x=2", "r(in=1 in-x=2)"},
         {"/r/a=1 x:/r/b=2 /r/c=3", "r(a=1 c=3) x:r(b=2)"},
         // More children than a node had room for, and open ones among those that move.
-        {"/r/e* /r/e/k=0 /r/e/a/b=1 /r/e/c=2 /r/e/d=3 /r/e/f=4 /r/e/a/h=6 /r/e* /r/e/a/b=7 /r/e*",
-         "r(e(k=0 a(b=1 h=6) c=2 d=3 f=4) e(a(b=7)) e)"},
+        {"/r/e* /r/e/k=0 /r/e/a/b=1 /r/e/c=2 /r/e/d=3 /r/e/a/h=6 /r/e* /r/e/a/b=7 /r/e*",
+         "r(e(k=0 a(b=1 h=6) c=2 d=3) e(a(b=7)) e)"},
     };
     for (const auto& row : rows) {
         ozk::Tree texts;
