@@ -5,7 +5,7 @@
 #include <map>
 #include <vector>
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "output.h"
 #include "text.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "output.h"
 #include "text.h"
@@ -32,7 +32,7 @@ Field text_field(const char* name, const char* text)
 
 Field number_field(const char* name, uint32_t number)
 {
-    return {name, fmt::to_string(number), true};
+    return {name, std::to_string(number), true};
 }
 
 Field node_field(const char* name, const OzkMapNode* node)

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <memory>
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <nlohmann/json.hpp>
 
 #include "options.h"
@@ -171,7 +171,7 @@ void write_case(const std::string& path, const CaseInput& input,
     if (!input.op.empty())
         members.push_back({"op", false, {json_string(input.op)}});
     if (input.depth_limit != formats::DEFAULT_DEPTH_LIMIT)
-        members.push_back({"depth_limit", false, {fmt::to_string(input.depth_limit)}});
+        members.push_back({"depth_limit", false, {std::to_string(input.depth_limit)}});
     if (!input.log.empty())
         members.push_back({"log", false, {json_string(input.log)}});
     if (input.trace)

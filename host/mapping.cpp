@@ -46,7 +46,7 @@ std::string json_or_null(const char* text)
 
 std::string json_line(uint32_t line)
 {
-    return line != 0 ? fmt::to_string(line) : "null";
+    return line != 0 ? std::to_string(line) : "null";
 }
 
 std::string json_path(const Request& request, const ozk::AddedPath& added,
