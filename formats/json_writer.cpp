@@ -1,7 +1,6 @@
 // Trees in JSON.
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <vector>
 
@@ -119,8 +118,7 @@ std::string json_string(std::string_view text)
         default:
             if (const size_t size = data::control_size(text, i); size > 0) {
                 i += size - 1; // its last byte is its code
-                fmt::format_to(std::back_inserter(out), "\\u{:04x}",
-                               static_cast<unsigned char>(text[i]));
+                out += fmt::format("\\u{:04x}", static_cast<unsigned char>(text[i]));
             } else {
                 out += c;
             }

@@ -2,7 +2,6 @@
 
 #include "calls.h"
 
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -87,8 +86,7 @@ std::string shown(const Field& field)
         const char c = (*field.text)[i];
         if (const size_t size = data::control_size(*field.text, i); size > 0) {
             i += size - 1; // its last byte is its code
-            fmt::format_to(std::back_inserter(out), "\\x{:02x}",
-                           static_cast<unsigned char>((*field.text)[i]));
+            out += fmt::format("\\x{:02x}", static_cast<unsigned char>((*field.text)[i]));
         } else {
             out += c == '\\' ? "\\\\" : std::string(1, c);
         }

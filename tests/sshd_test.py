@@ -7,6 +7,7 @@ Ends with 77, and says so, where there is no sshd or no ncclient: scripts/setup 
 """
 
 import argparse
+import concurrent.futures
 import contextlib
 import os
 import pathlib
@@ -268,6 +269,25 @@ def read_only(served):
         expect("Router identity" in session.get_config("running").data_xml, "it can be read")
 
 
+def serve(ymap, options, tests):
+    """Runs tests, one after the other, on a server with the options."""
+    served = Served(ymap, *options)
+    try:
+        for test in tests:
+            began = time.monotonic()
+            test(served)
+            print(f"{test.__name__}: {time.monotonic() - began:.1f} s", flush=True)
+    except BaseException:
+        for name in ("sessions.log", "sshd.log"):
+            with contextlib.suppress(OSError):
+                print(f"--- {name}\n{(served.folder / name).read_text()}", file=sys.stderr)
+        raise
+    finally:
+        if served.process.poll() is None:
+            served.process.terminate()
+            served.process.wait(timeout=30)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n", maxsplit=1)[0])
     parser.add_argument("--ymap", required=True)
@@ -275,25 +295,12 @@ def main():
     need_peers()
     ymap = os.path.abspath(arguments.ymap)
 
-    rounds = (((), (printed_lines, plain_ssh, two_clients, yangcli, sessions_of_ssh,
-                    all_taken_away)),
-              (("--read-only",), (read_only, all_taken_away)))
-    for options, tests in rounds:
-        served = Served(ymap, *options)
-        try:
-            for test in tests:
-                began = time.monotonic()
-                test(served)
-                print(f"{test.__name__}: {time.monotonic() - began:.1f} s", flush=True)
-        except BaseException:
-            for name in ("sessions.log", "sshd.log"):
-                with contextlib.suppress(OSError):
-                    print(f"--- {name}\n{(served.folder / name).read_text()}", file=sys.stderr)
-            raise
-        finally:
-            if served.process.poll() is None:
-                served.process.terminate()
-                served.process.wait(timeout=30)
+    with concurrent.futures.ThreadPoolExecutor(2) as pool:
+        servers = [pool.submit(serve, ymap, *each) for each in (
+            ((), (printed_lines, plain_ssh, two_clients, yangcli, sessions_of_ssh, all_taken_away)),
+            (("--read-only",), (read_only, all_taken_away)))]
+    for each in servers:
+        each.result()
     return 0
 
 
