@@ -17,10 +17,6 @@
 
 namespace ymap::host {
 
-namespace {
-
-} // namespace
-
 int carry_out_edit(const EditOptions& options)
 {
     agent::Request request = read_request(options.request, options.depth_limit, true, MAP_OP_EDIT);

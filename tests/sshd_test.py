@@ -18,6 +18,7 @@ import signal
 import subprocess
 import sys
 import time
+import traceback
 import xml.etree.ElementTree as ET
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
@@ -278,6 +279,7 @@ def serve(ymap, options, tests):
             test(served)
             print(f"{test.__name__}: {time.monotonic() - began:.1f} s", flush=True)
     except BaseException:
+        print(f"--- {test.__name__} {' '.join(options)}", file=sys.stderr)
         for name in ("sessions.log", "sshd.log"):
             with contextlib.suppress(OSError):
                 print(f"--- {name}\n{(served.folder / name).read_text()}", file=sys.stderr)
@@ -299,9 +301,10 @@ def main():
         servers = [pool.submit(serve, ymap, *each) for each in (
             ((), (printed_lines, plain_ssh, two_clients, yangcli, sessions_of_ssh, all_taken_away)),
             (("--read-only",), (read_only, all_taken_away)))]
-    for each in servers:
-        each.result()
-    return 0
+    errors = [each.exception() for each in servers if each.exception()]
+    for error in errors:
+        traceback.print_exception(error)
+    return 1 if errors else 0
 
 
 if __name__ == "__main__":
