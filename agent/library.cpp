@@ -51,12 +51,11 @@ const Schema::Node* Schema::child(const Node& node, const char* tag) const
     const auto hash =
         (reinterpret_cast<uintptr_t>(tag) >> 3) + static_cast<size_t>(&node - nodes_.data()) * 31;
     Known& known = known_[hash % known_.size()];
-    if (known.node == &node && known.tag == tag && known.child != nullptr &&
-        known.child->facts->tag == ozk::text(tag)) // a text may have gone, and another come
+    if (known.node == &node && known.child != nullptr && known.child->facts->tag == ozk::text(tag))
         return known.child;
     const auto found = std::ranges::find_if(
         node.children, [&](uint32_t place) { return nodes_[place].facts->tag == ozk::text(tag); });
-    known = {&node, tag, found != node.children.end() ? &nodes_[*found] : nullptr};
+    known = {&node, found != node.children.end() ? &nodes_[*found] : nullptr};
     return known.child;
 }
 

@@ -37,7 +37,6 @@ private:
     /// A child that was looked for. Trees have each tag under one address, most of the time.
     struct Known {
         const Node* node;
-        const char* tag;
         const Node* child;
     };
 

@@ -265,6 +265,11 @@ def framing(folder):
                            f"{version} in pieces of {size}: {reply.text}")
                 expect(session.end() == 0, session.log())
                 expect("the client has gone" in session.log()[-1], session.log())
+    # What a pipe takes at once, and one byte.
+    with Session(folder, version="1.0") as session:
+        for size in ((1 << 16) + 1 - len(ended(session.ask(get_config(), 'x=""').text)), 0):
+            reply = session.ask(get_config(), f'x="{"y" * size}"')
+            expect(reply.top.get("x") == "y" * size and session.received == b"", reply.text)
 
 
 # What a row is about; the bytes in place of the client's hello; what the log says of the end.
@@ -721,6 +726,8 @@ def sessions(folder):
     with Session(folder) as one, Session(folder) as two:
         two.do(describe("of two"))
         expect("of two" in one.ask(get_config(interface(LOOPBACK))).text, "each other's edits")
+        files = os.listdir(f"/proc/{two.id}/fd")
+        expect(len(files) < 20, f"a session holds few files, not {len(files)}")
         one.do(locks("lock"))
         for body, tag in ((locks("lock"), "lock-denied"), (describe("x"), "in-use")):
             reply = two.refuse(body, tag)
