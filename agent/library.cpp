@@ -30,8 +30,7 @@ void* load(const std::string& path, int flags, const char* what)
 
 } // namespace
 
-Schema::Schema(std::vector<data::ExploredNode> explored)
-    : explored_(std::move(explored)), known_(1024)
+Schema::Schema(std::vector<data::ExploredNode> explored) : explored_(std::move(explored))
 {
     nodes_.reserve(explored_.size());
     std::vector<uint32_t> open; // the nodes above
@@ -48,15 +47,11 @@ Schema::Schema(std::vector<data::ExploredNode> explored)
 
 const Schema::Node* Schema::child(const Node& node, const char* tag) const
 {
-    const auto hash =
-        (reinterpret_cast<uintptr_t>(tag) >> 3) + static_cast<size_t>(&node - nodes_.data()) * 31;
-    Known& known = known_[hash % known_.size()];
-    if (known.node == &node && known.child != nullptr && known.child->facts->tag == ozk::text(tag))
-        return known.child;
-    const auto found = std::ranges::find_if(
-        node.children, [&](uint32_t place) { return nodes_[place].facts->tag == ozk::text(tag); });
-    known = {&node, found != node.children.end() ? &nodes_[*found] : nullptr};
-    return known.child;
+    const auto is_wanted = [&, wanted = ozk::text(tag)](uint32_t place) {
+        return nodes_[place].facts->tag == wanted;
+    };
+    const auto found = std::ranges::find_if(node.children, is_wanted);
+    return found != node.children.end() ? &nodes_[*found] : nullptr;
 }
 
 bool is_mapped(const data::ExploredNode& node)

@@ -34,15 +34,8 @@ public:
     const std::vector<data::ExploredNode>& explored() const { return explored_; }
 
 private:
-    /// A child that was looked for. Trees have each tag under one address, most of the time.
-    struct Known {
-        const Node* node;
-        const Node* child;
-    };
-
     std::vector<data::ExploredNode> explored_; // in schema pre-order
     std::vector<Node> nodes_;
-    mutable std::vector<Known> known_;
 };
 
 /// Whether the map library adds a path for the node, on any query.

@@ -718,6 +718,41 @@ def logs(folder):
         expect("Start" in (folder / "log").read_text(), "the map's own log")
 
 
+SYSLOG = r"""
+#include <stdarg.h>
+#include <stdio.h>
+void syslog(int priority, const char *format, ...)
+{
+    FILE *log = fopen("syslog", "a");
+    va_list arguments;
+    va_start(arguments, format);
+    fprintf(log, "%d ", priority);
+    vfprintf(log, format, arguments);
+    fputc('\n', log);
+    fclose(log);
+}
+"""
+
+
+def system_log(folder):
+    """The lines that the system's log gets, which is where they go by default."""
+    if SANITIZED:
+        return
+    subprocess.run(["cc", "-shared", "-fPIC", "-xc", "-", "-o", "syslog.so"], cwd=folder, check=True,
+                   input=SYSLOG.encode())
+    for options, status, lines in (
+            (["--running=running.xml", "--log=trace"], 0,
+             ["6 session N: begins: ", "7 TRC: OZK: ", "6 session N: ends: "]),
+            (["--running=none.xml"], 2, ["3 none.xml: cannot open: "])):
+        done = subprocess.run(
+            [YMAP, "serve", *options], cwd=folder, capture_output=True, check=False,
+            input=ended(hello("1.0")) + ended(rpc(get_config(interface(LOOPBACK)))),
+            env={**os.environ, "LD_PRELOAD": "./syslog.so"})
+        log = re.sub("session [0-9]+", "session N", (folder / "syslog").read_text())
+        expect(done.returncode == status and all(f"\n{each}" in f"\n{log}" for each in lines), log)
+        (folder / "syslog").unlink()
+
+
 # ------------------------------------------------------------------------------------------------
 # Files, and several sessions
 
@@ -904,7 +939,7 @@ def deaths(folder):
 
 # Those that take long go ahead.
 TESTS = [sessions, bad_frames, memory, hellos, ends, framing, operations, reads, monitoring, schemas,
-         replies, options, logs, too_big, concurrent_edits, changes_outside, storing,
+         replies, options, logs, system_log, too_big, concurrent_edits, changes_outside, storing,
          faults_of_the_system, deaths]
 
 
