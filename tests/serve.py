@@ -718,7 +718,8 @@ def logs(folder):
         expect("Start" in (folder / "log").read_text(), "the map's own log")
 
 
-SYSLOG = r"""
+PRELOADED = r"""
+#include <errno.h>
 #include <stdarg.h>
 #include <stdio.h>
 void syslog(int priority, const char *format, ...)
@@ -731,15 +732,25 @@ void syslog(int priority, const char *format, ...)
     fputc('\n', log);
     fclose(log);
 }
+int rename(const char *from, const char *to)
+{
+    errno = EIO;
+    return -1;
+}
 """
+
+
+def preload(folder):
+    """What puts a function or two of the system's out of action in a session."""
+    subprocess.run(["cc", "-shared", "-fPIC", "-xc", "-", "-o", "preloaded.so"], cwd=folder,
+                   check=True, input=PRELOADED.encode())
+    return {**os.environ, "LD_PRELOAD": "./preloaded.so"}
 
 
 def system_log(folder):
     """The lines that the system's log gets, which is where they go by default."""
     if SANITIZED:
         return
-    subprocess.run(["cc", "-shared", "-fPIC", "-xc", "-", "-o", "syslog.so"], cwd=folder, check=True,
-                   input=SYSLOG.encode())
     for options, status, lines in (
             (["--running=running.xml", "--log=trace"], 0,
              ["6 session N: begins: ", "7 TRC: OZK: ", "6 session N: ends: "]),
@@ -747,7 +758,7 @@ def system_log(folder):
         done = subprocess.run(
             [YMAP, "serve", *options], cwd=folder, capture_output=True, check=False,
             input=ended(hello("1.0")) + ended(rpc(get_config(interface(LOOPBACK)))),
-            env={**os.environ, "LD_PRELOAD": "./syslog.so"})
+            env=preload(folder))
         log = re.sub("session [0-9]+", "session N", (folder / "syslog").read_text())
         expect(done.returncode == status and all(f"\n{each}" in f"\n{log}" for each in lines), log)
         (folder / "syslog").unlink()
@@ -838,6 +849,7 @@ def changes_outside(folder):
         for body in (one, describe("x"), "<validate><source><running/></source></validate>"):
             reply = session.refuse(body, "operation-failed")
             expect("running.xml:3: " in reply.text, reply.text)
+        session.refuse("<validate><source><candidate/></source></validate>", "invalid-value")
         running.unlink()
         expect("cannot open" in session.refuse(one, "operation-failed").text, "gone")
         running.write_text("")
@@ -912,6 +924,14 @@ def faults_of_the_system(folder):
         two.do(locks("unlock"))
         resource.prlimit(one.id, resource.RLIMIT_FSIZE, (no_limit, no_limit))
         one.do(describe("after"))
+    if not SANITIZED:
+        before = (folder / "running.xml").read_bytes()
+        done = subprocess.run([YMAP, "serve", "--running=running.xml", "--log-to-stderr"], cwd=folder,
+                              input=ended(hello("1.0")) + ended(rpc(describe("not renamed"))),
+                              capture_output=True, check=False, env=preload(folder))
+        expect(b"cannot store the edit" in done.stdout and b"<ok/>" not in done.stdout, done)
+        expect((folder / "running.xml").read_bytes() == before, "what was there stays")
+        expect(not (folder / "running.xml.new").exists(), "nothing else is left")
     # Without standard output, the hello isn't written into the file that is opened first.
     done = subprocess.run(["sh", "-c", '"$0" serve --running running.xml --log-to-stderr >&-', YMAP],
                           cwd=folder, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
