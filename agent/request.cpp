@@ -52,8 +52,8 @@ void refuse_attributes(const data::Document& document, const OzkMapNode* content
         fail("bad-attribute", fmt::format("'{}' is no data that an operation is for", node.tag),
              "operation");
     for (const data::Attribute& each : document.attributes_of(node)) {
-        if (each.prefix == "xmlns" || (!but_for.empty() && each.name == but_for &&
-                                       (each.ns_uri.empty() || each.ns_uri == NS_NETCONF)))
+        if (!but_for.empty() && each.name == but_for &&
+            (each.ns_uri.empty() || each.ns_uri == NS_NETCONF))
             continue;
         if (each.ns_uri == NS_NETCONF && each.name == "operation")
             fail("bad-attribute",
