@@ -442,142 +442,6 @@ def memory(folder):
 # ------------------------------------------------------------------------------------------------
 # Operations
 
-DELETE_MISSING = edit(interface(LOOPBACK, f"<enabled{operation('delete')}/>"))
-
-NATIVE = edit(f'<interface-configurations xmlns="{CFG}"><interface-configuration>'
-              "<active>prepared</active><interface-name>gigabit-ethernet-0/2/0</interface-name>"
-              "<description>native</description></interface-configuration>"
-              "</interface-configurations>")
-
-# The operation; the tags of the errors that answer it, or () for <ok/>; what the reply has in it.
-OPERATIONS = [
-    (describe("new"), (), ""),
-    (edit(interface("loopback11", "<enabled>true</enabled>", operation("create"))), (), ""),
-    (edit(interface(LOOPBACK, "", operation("create"))), ("data-exists",),
-     f"/if:interfaces/if:interface[if:name='{LOOPBACK}']</"),
-    (DELETE_MISSING, ("data-missing",), "/if:enabled</"),
-    (edit(interface("loopback99", "", operation("remove"))), (), ""),
-    (edit(interfaces("<interface><description>x</description></interface>")),
-     ("missing-element",), "<bad-element>name</bad-element>"),
-    (edit(interface(LOOPBACK, "<type>x</type><foo/>")),
-     ("operation-not-supported", "unknown-element"), "<bad-element>foo</bad-element>"),
-    (edit(interface(LOOPBACK, "<description/>", ' nc:operation="move"')), ("bad-attribute",),
-     "<bad-attribute>operation</bad-attribute>"),
-    (edit("").replace("<config", f'<config xmlns:nc="{NC}"' + operation("replace")),
-     ("bad-attribute",), "<bad-attribute>operation</bad-attribute>"),
-    (NATIVE.replace("<interface-name", f'<interface-name xmlns:nc="{NC}"' + operation("delete")),
-     ("bad-attribute",), "<bad-attribute>operation</bad-attribute>"),
-    (NATIVE.replace("<description>", "<description xmlns:p='urn:p'>p:"),
-     ("operation-not-supported",), "/nq-ifmgr-cfg:description</"),
-    (edit(interface(LOOPBACK, "", ' operation="delete"')), ("unknown-attribute",), "operation"),
-    (edit("<x xmlns='urn:x'/>"), ("unknown-namespace",), "<bad-namespace>urn:x</bad-namespace>"),
-    (edit(f'<interfaces-state xmlns="{IF}"/>'), ("operation-not-supported",), "is state"),
-    (edit("", "<default-operation>none</default-operation>"), (), ""),
-    (edit(interface("loopback99"), "<default-operation>none</default-operation>"),
-     ("data-missing",), ""),
-    (edit("", "<default-operation>sideways</default-operation>"), ("invalid-value",), "sideways"),
-    (edit("", "<error-option>rollback-on-error</error-option>"), (), ""),
-    (edit("", "<error-option>stop-on-error</error-option>"), (), ""),
-    (edit("", "<error-option>continue-on-error</error-option>"), ("operation-not-supported",), ""),
-    (edit("", "<test-option>set</test-option>"), (), ""),
-    (edit("", "<test-option>test-then-set</test-option>"), (), ""),
-    (edit(interface("loopback77"), "<test-option>test-only</test-option>"), (), ""),
-    (edit(interface(LOOPBACK, "", operation("create")), "<test-option>test-only</test-option>"),
-     ("data-exists",), ""),
-    (edit("", target="<candidate/>"), ("invalid-value",), "/nc:rpc/nc:edit-config/nc:target"),
-    (edit("", target=""), ("bad-element",), "no name of a datastore"),
-    ("<edit-config><target><running/></target></edit-config>", ("missing-element",),
-     "<bad-element>config</bad-element>"),
-    ("<edit-config><target><running/></target><url>ftp://x</url></edit-config>",
-     ("unknown-element",), "<bad-element>url</bad-element>"),
-    (NATIVE, (), ""),
-    (get_config(source="<startup/>"), ("invalid-value",), "startup"),
-    ("<get-config/>", ("missing-element",), "<bad-element>source</bad-element>"),
-    ('<get><filter type="xpath" select="/"/></get>', ("bad-attribute",), "xpath"),
-    ('<get><filter type="subtree" select="/"/></get>', ("unknown-attribute",), "select"),
-    ("<get>x</get>", ("bad-element",), "<bad-element>get</bad-element>"),
-    ("<get><with-defaults/></get>", ("unknown-element",), "with-defaults"),
-    ("<validate><source><running/></source></validate>", (), ""),
-    (f"<validate><source><config>{interface('a', '<enabled>true</enabled>')}</config></source>"
-     "</validate>", (), ""),
-    (f"<validate><source><config>{interface('a', '<type>x</type>')}</config></source></validate>",
-     ("operation-not-supported",), "<bad-element>type</bad-element>"),
-    (f"<validate><source><config>{interface('a', '', operation('delete'))}</config></source>"
-     "</validate>", ("unknown-attribute",), ""),
-    ("<validate><source><config>x</config></source></validate>", ("bad-element",),
-     "/nc:rpc/nc:validate/nc:source/nc:config</"),
-    ('<validate><source><config a="1"/></source></validate>', ("unknown-attribute",), ""),
-    ("<validate><source><candidate/></source></validate>", ("invalid-value",), "candidate"),
-    ("<validate/>", ("missing-element",), "<bad-element>source</bad-element>"),
-    (locks("lock"), (), ""),
-    (locks("lock"), ("lock-denied",), "<session-id>"),
-    (locks("lock", "<candidate/>"), ("invalid-value",), "candidate"),
-    (locks("unlock").replace("<target", f'<target xmlns:nc="{NC}"' + operation("delete")),
-     ("bad-attribute",), "/nc:rpc/nc:unlock/nc:target</"),
-    (locks("unlock", "<running>x</running>"), ("bad-element",), ""),
-    (edit("", target="<running>x</running>"), ("bad-element",), ""),
-    (locks("unlock"), (), ""),
-    (locks("unlock"), ("operation-failed",), "no lock"),
-    ("<lock/>", ("missing-element",), "<bad-element>target</bad-element>"),
-    ("<kill-session><session-id>1</session-id></kill-session>", ("invalid-value",), "no session 1"),
-    ("<kill-session><session-id>x</session-id></kill-session>", ("invalid-value",), "session-id"),
-    ("<kill-session><session-id>4294967290</session-id></kill-session>", ("invalid-value",), ""),
-    ("<kill-session/>", ("missing-element",), "<bad-element>session-id</bad-element>"),
-    ("<close-session><x/></close-session>", ("unknown-element",), ""),
-    ('<close-session a="1"/>', ("unknown-attribute",), "<bad-attribute>a</bad-attribute>"),
-    (get_schema("no-such-module"), ("invalid-value",), "no-such-module"),
-    (get_schema("ietf-interfaces", "<format>xsd</format>"), ("invalid-value",), "xsd"),
-    (f'<get-schema xmlns="{MONITORING}"/>', ("missing-element",), "identifier"),
-    ("<commit/>", ("operation-not-supported",), "<bad-element>commit</bad-element>"),
-    ("<copy-config/>", ("operation-not-supported",), "<bad-element>copy-config</bad-element>"),
-    ('<get xmlns="urn:x"/>', ("operation-not-supported",), "<bad-element>get</bad-element>"),
-    ("", ("missing-element",), "<bad-element>rpcOperation</bad-element>"),
-    ("<get/><get/>", ("bad-element",), "follows the operation"),
-    ("text", ("bad-element",), "text is not expected"),
-    (describe("see <b>note</b>"), ("bad-element",), "<bad-element>description</bad-element>"),
-    ("<get><filter/>x</get>", ("bad-element",), "<bad-element>get</bad-element>"),
-    ("<a>" * 64, ("too-big",), "deeper than 64 levels"),
-    (f"<a b='{'x' * 90_000}'/>", ("too-big",), "a tag is longer"),
-    ("<get></got>", ("malformed-message",), ":1: "),
-]
-
-
-def operations(folder):
-    with Session(folder) as session:
-        for body, tags, part in OPERATIONS:
-            reply = session.ask(body)
-            expect(reply.tags == list(tags) and reply.ok == (not tags) and part in reply.text and
-                   reply.top.get("message-id") == "1",
-                   f"{body}\n{tags}, {part}: {reply.text}")
-        expect(description(folder) == "new" and
-               description(folder, "gigabit-ethernet-0/2/0") == "native", "what is stored")
-        expect("loopback77" not in (folder / "running.xml").read_text(), "a test stores nothing")
-
-
-def reads(folder):
-    """Filters on both faces of the router, state, and the server's own."""
-    with Session(folder) as session:
-        both = session.ask(get()).text
-        for part in (f'<interfaces xmlns="{IF}">', f'<interfaces-state xmlns="{IF}">',
-                     f'<interface-configurations xmlns="{CFG}">', "<netconf-state "):
-            expect(part in both, f"{part} is not in {both[:2000]}")
-        config = session.ask(get_config()).text
-        expect("interface-configurations" in config and "state" not in config, config)
-        one = session.ask(get_config(interface(LOOPBACK, "<description/>"))).top
-        expect([each.text for each in one.iter() if each.text] == [LOOPBACK, "Router identity"],
-               ET.tostring(one))
-        expect(len(session.ask(get("")).top[0]) == 0, "an empty filter selects nothing")
-        expect(len(session.ask(get('<x xmlns="urn:x"/>')).top[0]) == 0, "an unknown root is none")
-        expect("urn:x" not in session.log()[-1] and "'x'" in session.log()[-1], session.log())
-        entry = f'<interface xmlns="{CFG}"/>'
-        expect(len(session.ask(get(entry)).top[0]) == 0, "no root of that name")
-        lock = f'<netconf-state xmlns="{MONITORING}"><datastores/></netconf-state>'
-        expect("global-lock" not in session.ask(get(lock)).text, "no lock")
-        session.do(locks("lock"))
-        reply = session.ask(get(lock)).text
-        expect(f"<locked-by-session>{session.id}<" in reply and "capabilities" not in reply, reply)
-
-
 def monitoring(folder):
     """All sessions, and what this one has counted (RFC 6022); no document is needed."""
     def leaves(node):
@@ -667,23 +531,8 @@ def replies(folder):
             expect(LOOPBACK in session.ask(get_config(interface(LOOPBACK))).text, "it goes on")
 
 
-def options(folder):
-    with Session(folder, "--unmapped=drop") as session:
-        session.do(edit(interface(LOOPBACK, "<type>x</type><description>d</description>")))
-        expect(description(folder) == "d", "the rest is carried out")
-        expect(": ok; not carried out: /interfaces/interface[name='loopback10']/type"
-               in session.log()[-1], session.log())
-    before = (folder / "running.xml").read_bytes()
-    with Session(folder, "--read-only") as session:
-        expect("writable-running" not in session.hello.text, session.hello.text)
-        for body in (describe("x"), locks("lock"), locks("unlock"),
-                     f"<kill-session><session-id>{session.id}</session-id></kill-session>"):
-            session.refuse(body, "access-denied")
-        expect("edit by ada (192.0.2.1 5 192.0.2.2 22): refused: access-denied" in
-               " ".join(session.log()), session.log())
-        session.do("<validate><source><running/></source></validate>")
-        session.do("<close-session/>")
-    expect((folder / "running.xml").read_bytes() == before, "nothing is written")
+def documents(folder):
+    """What can be served: a document that is there, in JSON if it is only read."""
     root = {"Brelvik-NQ-ifmgr-cfg:interface-configurations": {"interface-configuration": [
         {"active": "act", "interface-name": "a"}]}}
     (folder / "running.json").write_text(json.dumps(root))
@@ -694,28 +543,6 @@ def options(folder):
         with Session(folder, running=running, version=None) as session:
             expect(session.wait() == 2 and session.received == b"", running)
             expect(part in session.log()[-1], session.log())
-
-
-def logs(folder):
-    with Session(folder) as session:
-        session.do(describe("x"))
-        session.ask(DELETE_MISSING.replace(LOOPBACK, "a&#10;session 1: b"))
-        session.refuse(edit("", target="<candidate/>"), "invalid-value")
-        session.do(locks("lock"))
-        session.do(locks("unlock"))
-        session.end()
-        begin, first, second, third, *both, last = session.log()
-        expect(begin.endswith("begins: ada (192.0.2.1 5 192.0.2.2 22)"), begin)
-        expect(first.endswith("edit by ada (192.0.2.1 5 192.0.2.2 22) of /interfaces: ok"), first)
-        expect(": refused: data-missing /interfaces/interface[name='a session 1: b']" in second,
-               second)
-        expect("edit by ada (192.0.2.1 5 192.0.2.2 22): refused: invalid-value" in third, third)
-        expect([line.partition(": ")[2] for line in both] ==
-               [f"{each} by ada (192.0.2.1 5 192.0.2.2 22)" for each in ("lock", "unlock")], both)
-        expect("ends: the client has gone" in last, last)
-    with Session(folder, "--log=trace") as session:
-        session.ask(get_config(interface(LOOPBACK)))
-        expect("Start" in (folder / "log").read_text(), "the map's own log")
 
 
 PRELOADED = r"""
@@ -958,8 +785,8 @@ def deaths(folder):
 
 
 # Those that take long go ahead.
-TESTS = [sessions, bad_frames, memory, hellos, ends, framing, operations, reads, monitoring, schemas,
-         replies, options, logs, system_log, too_big, concurrent_edits, changes_outside, storing,
+TESTS = [sessions, bad_frames, memory, hellos, ends, framing, monitoring, schemas,
+         replies, documents, system_log, too_big, concurrent_edits, changes_outside, storing,
          faults_of_the_system, deaths]
 
 
