@@ -255,7 +255,7 @@ private:
         if (same == nullptr)
             plan_.map_request.append(top) = asked;
         else if (children(asked).empty() || children(*same).empty())
-            same->subtree_count = 0, same->flags &= static_cast<uint8_t>(~MAP_NODE_HAS_SUBTREES);
+            *same = bare(*same);
         else
             for (const OzkMapNode& child : children(asked))
                 plan_.map_request.append(*same) = child;
@@ -346,7 +346,7 @@ private:
                 complete(plan_.map_request, below, *keys);
         }
         add(plan_.filter, filter, own);
-        if (asked != nullptr && is_new(*asked, below, is_whole))
+        if (asked != nullptr && (keys == nullptr || is_new(*asked, below)))
             add(plan_.map_request, *asked, below);
         return true;
     }
@@ -426,14 +426,12 @@ private:
         return made;
     }
 
-    /// Whether an entry that is read whole isn't asked for already.
-    bool is_new(const OzkMapNode& parent, const OzkMapNode& entry, bool is_whole)
+    /// Whether an entry of a root is the first that asks for just this: what is below entries is
+    /// asked for as it comes.
+    bool is_new(const OzkMapNode& root, const OzkMapNode& entry)
     {
-        if (!is_whole)
-            return true;
-        if (entry.value == nullptr)
-            return asked_for_.insert(fmt::format("{}", text(parent.tag))).second;
-        return asked_for_.insert(fmt::format("{}={}", text(parent.tag), entry.value)).second;
+        return !children(entry).empty() ||
+               asked_for_.insert(fmt::format("{}={}", text(root.tag), text(entry.value))).second;
     }
 
     const Request& request_;
@@ -443,7 +441,7 @@ private:
     ReadPlan plan_;
     const Schema* schema_  = nullptr;
     const ModelRoot* root_ = nullptr;           ///< the one that is read
-    std::unordered_set<std::string> asked_for_; ///< entries that are read whole
+    std::unordered_set<std::string> asked_for_; ///< entries that are asked for whole
 };
 
 // ---------------------------------------------------------------------------------------------

@@ -96,6 +96,8 @@ Error error_of(const Walk& walk)
     error.error_path  = walk.error_path;
     error.line        = walk.line;
     error.bad_element = walk.tag;
+    if (walk.node == nullptr) // nothing was looked at
+        return error;
     switch (walk.status) {
     case MAP_NOT_MAPPED:
         error.tag     = "operation-not-supported";
@@ -116,10 +118,9 @@ Error error_of(const Walk& walk)
         error.bad_attribute = "operation";
         break;
     case MAP_ERR_ADD_REFUSED:
-        error.tag     = "unknown-namespace";
-        error.message = fmt::format("'{}' is of a model that nobody serves here", walk.tag);
-        if (walk.node != nullptr)
-            error.bad_namespace = text(walk.node->ns_uri);
+        error.tag           = "unknown-namespace";
+        error.message       = fmt::format("'{}' is of a model that nobody serves here", walk.tag);
+        error.bad_namespace = text(walk.node->ns_uri);
         break;
     default: break;
     }

@@ -376,6 +376,16 @@ def ends(folder):
         expect(session.process.wait(DEADLINE) == 1, "the end of a session that takes no answer")
         expect("took nothing of an answer for 1 s" in session.log()[-1], session.log())
         sender.join(DEADLINE)
+    # Whoever wants it to end waits for a second for the answer that nobody takes.
+    with Session(folder) as session:
+        sender = session.send_in_background(many)
+        select.select([session.output], [], [], DEADLINE)
+        time.sleep(0.2)
+        session.process.terminate()
+        begin = time.monotonic()
+        expect(session.process.wait(DEADLINE) == 1, "the end of a session that has to end")
+        expect(0.5 < time.monotonic() - begin < 1.7, time.monotonic() - begin)
+        sender.join(DEADLINE)
     with Session(folder) as session:
         session.process.stdout.close()
         session.output = os.open("/dev/null", os.O_RDONLY)
@@ -418,14 +428,19 @@ def memory(folder):
         return
     key = LOOPBACK + "x" * 1_000_000
     for what, message in (
-            ("errors below a long key", edit(interface(key, "<a/>" * 750_000))),
+            ("errors, most of them below a long key",
+             edit(interfaces("<a/><interface>" f"<name>{key}</name>{'<a/>' * 750_000}</interface>"))),
             ("empty elements", edit("<a xmlns='urn:x'/>" + "<a/>" * 1_000_000)),
             ("unknown leaves", edit(interface(LOOPBACK, "<a/>" * 1_000_000))),
             ("entries without a key", edit(interfaces("<interface/>" * 325_000))),
+            ("all entries of state", get(f'<interfaces-state xmlns="{IF}">' + "<interface/>" * 325_000 +
+                                         "</interfaces-state>")),
             ("keys of state", get(f'<interfaces-state xmlns="{IF}">' + "".join(
                 f"<interface><name>{i}</name></interface>" for i in range(95_000)) +
                 "</interfaces-state>")),
             ("filters", get(interfaces("<interface><a/></interface>" * 150_000))),
+            ("all entries, again and again", get(interfaces("<interface/>" * 325_000))),
+            ("matches", get(interfaces("<interface><type>x</type></interface>" * 100_000))),
             ("blanks, nearly as many as a message may have", get(interfaces(" " * 16_000_000)))):
         with Session(folder) as session:
             sender = session.send_in_background(chunked(rpc(message)))
@@ -545,10 +560,40 @@ def documents(folder):
             expect(part in session.log()[-1], session.log())
 
 
+# Functions of the system that fail when the environment says so, and note what stores a document.
 PRELOADED = r"""
+#define _GNU_SOURCE
+#include <dlfcn.h>
 #include <errno.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
 #include <stdarg.h>
 #include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/signalfd.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+static int fails(const char *what, int error)
+{
+    const char *failing = getenv("FAILS");
+    errno = error;
+    return failing && !strcmp(failing, what);
+}
+static int sometimes_fails(const char *what, int error)
+{
+    static int count;
+    return fails(what, error) && ++count % 4;
+}
+static void note(const char *call)
+{
+    FILE *calls = fopen("calls", "a");
+    fputs(call, calls);
+    fclose(calls);
+}
 void syslog(int priority, const char *format, ...)
 {
     FILE *log = fopen("syslog", "a");
@@ -561,17 +606,82 @@ void syslog(int priority, const char *format, ...)
 }
 int rename(const char *from, const char *to)
 {
-    errno = EIO;
-    return -1;
+    note("rename ");
+    return fails("rename", EIO) ? -1 : renameat(AT_FDCWD, from, AT_FDCWD, to);
+}
+int fsync(int file)
+{
+    struct stat status;
+    const char *what = fstat(file, &status) == 0 && S_ISDIR(status.st_mode) ? "folder" : "file";
+    note(what);
+    note(" ");
+    return fails(what, EIO) ? -1 : syscall(SYS_fsync, file);
+}
+ssize_t write(int file, const void *bytes, size_t size)
+{
+    if (sometimes_fails("write", EINTR))
+        return -1;
+    if (file > 2)
+        note("write ");
+    return syscall(SYS_write, file, bytes, fails("write", 0) && size > 100 ? 100 : size);
+}
+ssize_t read(int file, void *bytes, size_t size)
+{
+    if (file == 0 && (fails("read", EIO) || sometimes_fails("piece", EINTR)))
+        return -1;
+    return syscall(SYS_read, file, bytes, fails("piece", 0) && size > 100 ? 100 : size);
+}
+int open(const char *path, int flags, ...)
+{
+    static int count;
+    va_list arguments;
+    va_start(arguments, flags);
+    if (strstr(path, ".lock") && ((fails("open", EACCES) && ++count < 5) ||
+                                  (fails("race", ENOENT) && ++count < 2)))
+        return -1;
+    return openat(AT_FDCWD, path, flags, flags & O_CREAT ? va_arg(arguments, int) : 0);
+}
+int fcntl(int file, int command, ...)
+{
+    va_list arguments;
+    va_start(arguments, command);
+    if (command == F_SETLK && fails("lock", ENOLCK))
+        return -1;
+    return syscall(SYS_fcntl, file, command, va_arg(arguments, void *));
+}
+int fchown(int file, uid_t owner, gid_t group)
+{
+    if (fails("group", EPERM) || (owner != (uid_t)-1 && fails("owner", EPERM)))
+        return -1;
+    return syscall(SYS_fchown, file, owner, group);
+}
+int poll(struct pollfd *files, nfds_t count, int milliseconds)
+{
+    struct timespec time = {milliseconds / 1000, milliseconds % 1000 * 1000000};
+    if (sometimes_fails("poll", EINTR) || fails("wait", EIO))
+        return -1;
+    return ppoll(files, count, milliseconds < 0 ? 0 : &time, 0);
+}
+int signalfd(int file, const sigset_t *signals, int flags)
+{
+    return fails("signals", ENOSYS) ? -1
+                                    : syscall(SYS_signalfd4, file, signals, _NSIG / 8, flags);
+}
+FILE *fopencookie(void *cookie, const char *mode, cookie_io_functions_t functions)
+{
+    FILE *(*real)(void *, const char *, cookie_io_functions_t) = dlsym(RTLD_NEXT, "fopencookie");
+    return fails("stream", ENOMEM) ? 0 : real(cookie, mode, functions);
 }
 """
 
 
-def preload(folder):
-    """What puts a function or two of the system's out of action in a session."""
-    subprocess.run(["cc", "-shared", "-fPIC", "-xc", "-", "-o", "preloaded.so"], cwd=folder,
-                   check=True, input=PRELOADED.encode())
-    return {**os.environ, "LD_PRELOAD": "./preloaded.so"}
+def preload(folder, fails=""):
+    """The environment of a session where a function of the system's fails."""
+    library = folder / "preloaded.so"
+    if not library.exists():
+        subprocess.run(["cc", "-shared", "-fPIC", "-xc", "-", "-o", library], check=True,
+                       input=PRELOADED.encode())
+    return {**os.environ, "LD_PRELOAD": str(library), "FAILS": fails}
 
 
 def system_log(folder):
@@ -752,18 +862,57 @@ def faults_of_the_system(folder):
         resource.prlimit(one.id, resource.RLIMIT_FSIZE, (no_limit, no_limit))
         one.do(describe("after"))
     if not SANITIZED:
-        before = (folder / "running.xml").read_bytes()
-        done = subprocess.run([YMAP, "serve", "--running=running.xml", "--log-to-stderr"], cwd=folder,
-                              input=ended(hello("1.0")) + ended(rpc(describe("not renamed"))),
-                              capture_output=True, check=False, env=preload(folder))
-        expect(b"cannot store the edit" in done.stdout and b"<ok/>" not in done.stdout, done)
-        expect((folder / "running.xml").read_bytes() == before, "what was there stays")
-        expect(not (folder / "running.xml.new").exists(), "nothing else is left")
+        failing_calls(folder)
     # Without standard output, the hello isn't written into the file that is opened first.
     done = subprocess.run(["sh", "-c", '"$0" serve --running running.xml --log-to-stderr >&-', YMAP],
                           cwd=folder, stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
     expect(done.returncode == 1 and b"cannot write" in done.stderr, done)
     expect(b"hello" not in (folder / "running.xml.lock").read_bytes(), "the locks hold a hello")
+
+
+# What fails; the exit status; what the client reads; what the log says; whether the edit is stored.
+FAILING = [
+    ("rename", 0, "cannot store the edit: ", "Input/output error", False),
+    ("file", 0, "cannot store the edit: ", "Input/output error", False),
+    ("folder", 0, "is in place, but may not survive a loss of power: Input/output error", "", True),
+    ("group", 0, "cannot store the edit: ", "Operation not permitted", False),
+    ("owner", 0, "<ok/>", ": ok", True),
+    ("write", 0, "<ok/>", ": ok", True),
+    ("piece", 0, "<ok/>", ": ok", True),
+    ("poll", 0, "<ok/>", ": ok", True),
+    ("open", 0, "<ok/>", ": ok", True),
+    ("race", 0, "<ok/>", ": ok", True),
+    ("lock", 2, "", "running.xml.lock: No locks available", False),
+    ("read", 1, "<hello", "ends: cannot read: Input/output error", False),
+    ("wait", 1, "<hello", "ends: cannot wait: Input/output error", False),
+    ("signals", 1, "", "ends: cannot wait for signals: Function not implemented", False),
+]
+
+
+def failing_calls(folder):
+    """Calls of the system that fail or do a part, each in a session with one edit."""
+    for fails, status, reply, line, is_stored in (("", 0, "<ok/>", ": ok", True), *FAILING):
+        new, old = f"after {fails}", description(folder)
+        (folder / "calls").write_text("")
+        done = subprocess.run([YMAP, "serve", "--running=running.xml", "--log-to-stderr"], cwd=folder,
+                              input=ended(hello("1.0")) + ended(rpc(describe(new))),
+                              capture_output=True, check=False, env=preload(folder, fails))
+        expect(done.returncode == status and reply in done.stdout.decode() and
+               line in done.stderr.decode() and (b"<ok/>" in done.stdout) == (reply == "<ok/>"),
+               f"{fails}: {done}")
+        expect(description(folder) == (new if is_stored else old), f"{fails}: what is stored")
+        expect(not (folder / "running.xml.new").exists(), f"{fails}: nothing else is left")
+        if not fails: # nothing takes the old one's place that may yet be lost
+            expect((folder / "calls").read_text() == "write file rename folder ", "the order of calls")
+    # Of memory, wherever it ends.
+    for fails, sent, part in (("stream", WHOLE, b">resource-denied<"),
+                              ("", "<" * 100_000_000, b"ends: failed: std::bad_alloc")):
+        done = subprocess.run([YMAP, "serve", "--running=running.xml", "--log-to-stderr", "--log=error",
+                               "--max-message=200000000"], cwd=folder,
+                              input=ended(hello("1.0")) + ended(sent), capture_output=True,
+                              check=False, env=preload(folder, fails), preexec_fn=lambda:
+                              resource.setrlimit(resource.RLIMIT_AS, (120_000_000, 120_000_000)))
+        expect(part in done.stdout + done.stderr, done)
 
 
 def deaths(folder):
