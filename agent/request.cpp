@@ -77,25 +77,28 @@ public:
 
     void read()
     {
-        OzkMapNode& top = request_.document.tree.top();
-        if (children(top).empty())
-            fail("malformed-message", "the document is empty", top);
+        OzkMapNode& top       = request_.document.tree.top();
         OzkMapNode& outermost = children(top).front();
         if (is_of_netconf(outermost) && text(outermost.tag) == "rpc")
             return read_rpc(outermost);
+        const auto refuse = [&](const std::string& message) {
+            fail("malformed-message", message, outermost);
+        };
         if (is_netconf(outermost, "rpc"))
-            fail("unknown-namespace",
-                 fmt::format("an rpc without the namespace of NETCONF, {}", NS_NETCONF), outermost);
+            refuse(fmt::format("an rpc without the namespace of NETCONF, {}", NS_NETCONF));
         if (is_of_netconf(outermost))
-            fail("unknown-element",
-                 fmt::format("'{}', where an rpc or a bare data tree is expected", outermost.tag),
-                 outermost);
+            refuse(
+                fmt::format("'{}', where an rpc or a bare data tree is expected", outermost.tag));
         // The root first: an unknown one is the greater fault, whatever the operation.
-        require_known_root(outermost);
+        const auto ns_uri = text(outermost.ns_uri);
+        const bool is_known =
+            std::ranges::find(model_roots(), ns_uri, &ModelRoot::ns_uri) != model_roots().end();
+        if (!is_known)
+            refuse(fmt::format("unknown namespace '{}' of root '{}'", ns_uri, outermost.tag));
+        if (find_root(outermost) == nullptr)
+            refuse(fmt::format("unknown root '{}' of namespace '{}'", outermost.tag, ns_uri));
         if (!options_.bare_op_code)
-            fail("malformed-message",
-                 "a bare data tree: say with --op get, get-config or edit what to do with it",
-                 outermost);
+            refuse("a bare data tree: say with --op get, get-config or edit what to do with it");
         request_.op_code = *options_.bare_op_code;
         take_content(top);
     }
@@ -112,10 +115,9 @@ private:
     [[noreturn]] void fail(const char* tag, const std::string& message,
                            const OzkMapNode& node) const
     {
-        Error error = error_at(tag, message, node);
-        error.type  = "protocol";
-        if (node.tag != nullptr)
-            error.bad_element = node.tag;
+        Error error       = error_at(tag, message, node);
+        error.type        = "protocol";
+        error.bad_element = node.tag;
         throw RequestError(error);
     }
 
@@ -136,7 +138,6 @@ private:
         throw RequestError(error);
     }
 
-    static void require_known_root(const OzkMapNode& node);
     void read_rpc(OzkMapNode& rpc);
     void read_get(OzkMapNode& operation);
     void read_edit(OzkMapNode& operation);
@@ -159,23 +160,6 @@ private:
     Request& request_;
     const RequestOptions& options_;
 };
-
-void EnvelopeReader::require_known_root(const OzkMapNode& node)
-{
-    if (find_root(node) != nullptr)
-        return;
-    const bool is_known = std::ranges::any_of(
-        model_roots(), [&](const ModelRoot& root) { return root.ns_uri == text(node.ns_uri); });
-    Error error{
-        is_known ? "unknown-element" : "unknown-namespace",
-        is_known ? fmt::format("unknown root '{}' of namespace '{}'", node.tag, text(node.ns_uri))
-                 : fmt::format("unknown namespace '{}' of root '{}'", text(node.ns_uri), node.tag)};
-    error.message       = data::for_message(error.message);
-    error.line          = node.line;
-    error.bad_element   = node.tag;
-    error.bad_namespace = is_known ? "" : text(node.ns_uri);
-    throw RequestError(error);
-}
 
 void EnvelopeReader::read_rpc(OzkMapNode& rpc)
 {

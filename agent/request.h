@@ -46,9 +46,9 @@ struct RequestOptions {
     std::span<const std::string_view> datastores;
 };
 
-/// Reads the envelope of `document`. On an edit each node gets the operation that holds for it, and
-/// no node has an attribute beside it; on a read, nodes that no data can be like are marked so.
-/// Throws RequestError for what isn't supported or not understood.
+/// Reads the envelope of `document`, which has an element. On an edit each node gets the operation
+/// that holds for it, and no node has an attribute beside it; on a read, nodes that no data can be
+/// like are marked so. Throws RequestError for what isn't supported or not understood.
 Request parse_request(data::Document document, const RequestOptions& options);
 
 /// The same of a configuration that stands in `config`, a node of `document`: an edit that merges

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The command's help, its manual page and its completions in bash and zsh name the same verbs, the
-# same options of each verb and the same choices of each option.
-# usage: manual_test.sh YMAP FOLDER   with the page and the completions
+# same options of each verb and the same choices of each option; and the examples of both can be
+# run.
+# usage: manual_test.sh YMAP FOLDER   with the page and the completions, in the folder of the sources
 set -euo pipefail
 ymap=$1
 folder=$2
@@ -95,4 +96,20 @@ done
 sed -n 's/^\.It Fl \(h , \)\?\(-[a-z-]*\).*/-\2/p' "$page" | sort -u | diff "$work/all" - ||
     { echo "the page's list of options differs"; exit 1; }
 
-echo "manual: $(wc -l <"$work/help") options agree"
+# Those of the help are for the folder of the sources, those of the page for one with the examples;
+# a library of the reader's own is left out, and what another program does with the output.
+mkdir -p "$work/tests/transcripts"
+cp -r "$folder/../examples" "$work"
+cp "$folder"/../examples/*.xml "$work"
+cp -r "$folder/../tests/transcripts/cases" "$work/tests/transcripts"
+hello='<hello xmlns="urn:ietf:params:xml:ns:netconf:base:1.0"><capabilities><capability>'
+hello+='urn:ietf:params:netconf:base:1.0</capability></capabilities></hello>]]>]]>'
+{ "$ymap" --help-all | sed -n 's/^Example: //p'; sed -n 's/^\.Dl ymap/ymap/p' "$page"; } |
+    sed 's/ --library [^ ]*//; s/ |.*//' >"$work/examples.sh"
+[ "$(wc -l <"$work/examples.sh")" -gt 10 ]
+while read -r line; do
+    (cd "$work" && eval "${line/#ymap/\"\$ymap\"}" <<<"$hello" >out 2>err) ||
+        { echo "'$line' ends with $?: $(tail -n 1 "$work/err")"; exit 1; }
+done <"$work/examples.sh"
+
+echo "manual: $(wc -l <"$work/examples.sh") examples run, $(wc -l <"$work/help") options agree"
