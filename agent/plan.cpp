@@ -477,7 +477,6 @@ public:
                 examine_children(schema_->root(), root);
             }
         }
-        take_out(content());
         return {faults_.take(), losses_.take()};
     }
 

@@ -39,7 +39,9 @@ uint32_t ymap_iq_ietf_if_ietfinterfaces_leaf_lvla_interfaces_interface_type(OzkM
                                                                             const OzkMapNode*,
                                                                             OzkDataTree* tree)
 {
-    return add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/leaf"});
+    add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/leaf"});
+    add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/again"});
+    return add_mark(ctx, tree, {NS_NQ_IFMGR_CFG, "/again"});
 }
 
 uint32_t ymap_iq_ietf_if_ietfinterfaces_lvla_interfaces_parse_augments(OzkMapCtx* ctx,
