@@ -284,7 +284,7 @@ HELLOS = [
     ("with a capability that isn't of NETCONF",
      ended(hello("1.1").replace("<capability>", "<capability xmlns=''>")), "is not expected"),
     ("with elements in a capability",
-     ended(hello("1.1").replace("<capability>", "<capability><x/>")), "stand side by side"),
+     ended(hello("1.1").replace("<capability>", "<capability><x/>")), "text stands beside"),
     ("of no namespace", ended(hello("1.1").replace(NC, "urn:x")), "a hello is expected"),
     ("that is an rpc", ended(rpc(get())), "a hello is expected, not 'rpc'"),
     ("that is no XML", ended("hello"), "bad hello: hello:1:"),
