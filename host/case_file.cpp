@@ -146,7 +146,7 @@ private:
                     continue;
                 const size_t count = ++counts[op];
                 const json answer  = call.value("result", json());
-                if (!answer.is_number_unsigned())
+                if (!answer.is_number_unsigned() || answer.get<uint64_t>() > UINT32_MAX)
                     fail("a call has no result");
                 if (answer.get<uint32_t>() != MAP_OK)
                     result_.answers.push_back({{op, count}, answer.get<uint32_t>()});

@@ -109,7 +109,7 @@ REQUESTS = [
      lambda: root("<!--x--><?p x?>" * 50_000 + "<interface><name>a</name></interface>"), 0, ""),
     ("instructions alone", lambda: root("<?p x?>" * 50_000), 0, ""),
     ("a value of 10 MB", lambda: name("a" * 10_000_000), 0, ""),
-    ("a value of 5 MB in CDATA", lambda: name(f"<![CDATA[{'<' * 5_000_000}]]>"), 0, ""),
+    ("a value of 1 MB in CDATA", lambda: name(f"<![CDATA[{'<' * 1_000_000}]]>"), 0, ""),
     ("20,000 entries of one name",
      lambda: root("<interface><name>a</name></interface>" * 20_000), 0, ""),
 ]
@@ -128,7 +128,7 @@ NATIVE = [
     ("half of a surrogate pair", lambda: JSON_ROOT + '"\\ud800"}', 2, ":1: "),
     ("a NUL by escape", lambda: JSON_ROOT + '"\\u0000"}', 2, "control character"),
     ("control characters in a name", lambda: '{"a\\u009b\\u001b\\u007f": 1}', 2, "'a   '"),
-    ("a million members", lambda: JSON_ROOT + "{" + numbered(1_000_000, '"a#":1,')[:-1] + "}}",
+    ("300,000 members", lambda: JSON_ROOT + "{" + numbered(300_000, '"a#":1,')[:-1] + "}}",
      0, ""),
     ("UTF-16", lambda: (JSON_ROOT + "{}}").encode("utf-16"), 2, ":1: "),
 ]

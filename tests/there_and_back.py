@@ -229,12 +229,17 @@ class Checker:
                 continue
             if tree.tag == f"{{{IETF}}}interfaces" or tree.find(f".//{{{NC}}}edit-config"):
                 documents[self.write(f"e{len(documents)}.xml", text)] = label, text
+        # Those of the examples are about the entries of their native document.
         small = self.write("small.xml", native({"a": {"description": "x"}, "b": {}}))
         example = str(transcripts.TOP / "examples/native-configuration.xml")
         mapped = self.map(documents)
-        list(pool.map(lambda request: [
-            self.compare(documents[request][0], request, documents[request][1], data,
-                         mapped[request]) for data in (small, example)], documents))
+
+        def compare(request):
+            label, text = documents[request]
+            data = example if label.endswith(".xml") else small
+            self.compare(label, request, text, data, mapped[request])
+
+        list(pool.map(compare, documents))
 
     def check_drawn(self, pool, seed, count):
         draw = random.Random(seed)
@@ -279,7 +284,7 @@ def main():
     parser.add_argument("--ymap", type=pathlib.Path,
                         default=transcripts.TOP / "build/release/host/ymap")
     parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--count", type=int, default=400, help="edits that are drawn")
+    parser.add_argument("--count", type=int, default=300, help="edits that are drawn")
     arguments = parser.parse_args()
     with (tempfile.TemporaryDirectory(prefix="ymap-") as temporary,
           concurrent.futures.ThreadPoolExecutor(2) as pool):
