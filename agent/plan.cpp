@@ -42,9 +42,8 @@ class Notes {
 public:
     explicit Notes(const OzkMapNode& top) : paths_(top, list_keys()) {}
 
-    /// `what` is said of the node: "has no native path". The tag is for what is answered as an
-    /// error.
-    Note& add(std::string_view what, const OzkMapNode& node, const char* tag = "")
+    /// `what` is said of the node: "has no native path".
+    Note& add(const char* tag, std::string_view what, const OzkMapNode& node)
     {
         if (notes_.size() == most || size_ > most_bytes) {
             ++untold_;
@@ -62,14 +61,14 @@ public:
     void unknown(const OzkMapNode& node, bool own_namespace)
     {
         if (own_namespace)
-            add("is not known here", node, "unknown-element");
+            add("unknown-element", "is not known here", node);
         else
-            add("is of a model that nobody serves here", node, "unknown-namespace").bad_namespace =
+            add("unknown-namespace", "is of a model that nobody serves here", node).bad_namespace =
                 text(node.ns_uri);
     }
     void unmapped(const OzkMapNode& node)
     {
-        add("has no native path", node, "operation-not-supported");
+        add("operation-not-supported", "has no native path", node);
     }
     /// A root that nobody has.
     void unknown_root(const OzkMapNode& root)
@@ -180,9 +179,10 @@ public:
             else if ((node.marks & ozk::MARK_MATCHES_NONE) != 0)
                 matches_none(node);
             else if (!reaches(*root))
-                notes_.add("is state, which get-config doesn't read", node);
+                notes_.add("operation-not-supported", "is state, which get-config doesn't read",
+                           node);
             else if (root->is_clients && library_.root_walker(*root) == nullptr)
-                notes_.add("has no walker in the map library", node);
+                notes_.add("operation-not-supported", "has no walker in the map library", node);
             else
                 plan_root(*root, node);
         }
@@ -198,7 +198,8 @@ private:
 
     void matches_none(const OzkMapNode& node)
     {
-        notes_.add("has an attribute that no data has, and selects nothing", node);
+        notes_.add("unknown-attribute", "has an attribute that no data has, and selects nothing",
+                   node);
     }
 
     void plan_root(const ModelRoot& root, const OzkMapNode& node)
@@ -209,7 +210,7 @@ private:
             return;
         }
         if (node.value != nullptr) {
-            notes_.add("holds no value, and selects nothing", node);
+            notes_.add("bad-element", "holds no value, and selects nothing", node);
             return;
         }
         // Asked for only if something below it is: a root without children selects all.
@@ -325,7 +326,7 @@ private:
         const ListKeys* keys = keys_of(*root_, *schema);
         OzkMapNode own = bare(child), below = bare(child);
         if (child.value != nullptr) {
-            notes_.add("holds no value, and selects nothing", child);
+            notes_.add("bad-element", "holds no value, and selects nothing", child);
             return false;
         }
         const bool is_whole = asked == nullptr || reads_whole(*schema);
@@ -355,7 +356,7 @@ private:
             return false;
         }
         if (!children(leaf).empty()) {
-            notes_.add("is a leaf, and selects nothing below it", leaf);
+            notes_.add("bad-element", "is a leaf, and selects nothing below it", leaf);
             return false;
         }
         add(plan_.filter, filter, leaf);
@@ -464,13 +465,13 @@ public:
             if (known == nullptr) {
                 faults_.unknown_root(root); // it asks for another model, not for more of this one
             } else if (known->is_state) {
-                faults_.add("is state, which can't be edited", root, "operation-not-supported");
+                faults_.add("operation-not-supported", "is state, which can't be edited", root);
             } else if (known->is_clients && library_.root_walker(*known) == nullptr) {
-                faults_.add("has no walker in the map library", root, "operation-not-supported");
+                faults_.add("operation-not-supported", "has no walker in the map library", root);
             } else if (!seen.insert(known).second) {
-                faults_.add("is given twice", root, "bad-element");
+                faults_.add("bad-element", "is given twice", root);
             } else if (root.value != nullptr) {
-                faults_.add("holds no value", root, "bad-element");
+                faults_.add("bad-element", "holds no value", root);
             } else if (known->is_clients) {
                 schema_ = &library_.schema(*known);
                 root_   = known;
@@ -492,7 +493,7 @@ private:
             if (known == nullptr)
                 examine_foreign(schema, child);
             else if (known->facts->kind != NodeKind::list && !seen.insert(known).second)
-                faults_.add("is given twice", child, "bad-element");
+                faults_.add("bad-element", "is given twice", child);
             else
                 examine_known(*known, child);
         }
@@ -513,7 +514,7 @@ private:
     {
         if (schema.facts->kind == NodeKind::leaf) {
             if (!children(child).empty())
-                faults_.add("stands in a leaf", children(child).front(), "unknown-element");
+                faults_.add("unknown-element", "stands in a leaf", children(child).front());
             else if (schema.facts->on(Query::edit).status == MAP_NOT_MAPPED) {
                 child.marks |= ozk::MARK_DROPPED;
                 if (!goes_away(child))
@@ -522,7 +523,7 @@ private:
             return;
         }
         if (child.value != nullptr)
-            faults_.add("holds no value", child, "bad-element");
+            faults_.add("bad-element", "holds no value", child);
         if (const ListKeys* keys = keys_of(*root_, schema))
             require_keys(child, *keys);
         examine_children(schema, child);
@@ -541,7 +542,7 @@ private:
         for (const char* leaf : keys.leaves) {
             const OzkMapNode* key = ozk::find_child(entry, leaf, entry.ns_uri);
             if (key == nullptr || key->value == nullptr)
-                faults_.add(fmt::format("has no key '{}'", leaf), entry, "missing-element")
+                faults_.add("missing-element", fmt::format("has no key '{}'", leaf), entry)
                     .bad_element = leaf;
         }
     }
@@ -594,15 +595,18 @@ private:
     {
         for (const OzkMapNode& child : children(node)) {
             const Schema::Node* known = schema_->child(schema, child.tag);
+            const auto note           = [&](std::string_view what) {
+                notes_.add("unknown-element", what, child);
+            };
             if (known == nullptr) {
                 if (!probe_.is_taken(*root_, schema, child, true))
-                    notes_.add("is not in the schema of the map, skipped", child);
+                    note("is not in the schema of the map, skipped");
             } else if (known->facts->kind == NodeKind::leaf) {
                 if (!children(child).empty())
-                    notes_.add("is a leaf, what stands in it is skipped", child);
+                    note("is a leaf, what stands in it is skipped");
             } else {
                 if (child.value != nullptr)
-                    notes_.add("takes no value, its value is skipped", child);
+                    note("takes no value, its value is skipped");
                 check_children(*known, child);
             }
         }
