@@ -206,10 +206,17 @@ private:
         return has_entries || !named.empty();
     }
 
-    /// A document that holds other data than configuration isn't given a root for some.
+    /// A document that holds other data than configuration isn't given a root for some, and none is
+    /// given a root that nobody could read again.
     void require_roots() const
     {
         for (const OzkMapNode& root : children(edit_.top())) {
+            if (find_root(root) == nullptr)
+                throw RequestError(
+                    {"operation-failed",
+                     fmt::format(
+                         "a path of the map is of /{} ({}), which is no root of native data",
+                         root.tag, prefix_of(text(root.ns_uri)))});
             const bool holds_state =
                 std::ranges::any_of(children(*native_.top), [](const OzkMapNode& each) {
                     return find_root(each)->is_state;
@@ -240,18 +247,11 @@ private:
         return error;
     }
 
-    /// The node of the request that a node of the edit stands for: its own, or the first below it
-    /// that has one; or the node itself, where it is the request's.
+    /// The node of the request that a node of the edit stands for, or null; or the node itself,
+    /// where it is the request's.
     const OzkMapNode* origin(const OzkMapNode& node)
     {
-        if (node.origin != nullptr)
-            return node.origin;
-        if (paths_.parent_of(node) != nullptr)
-            return &node;
-        for (const OzkMapNode& child : children(node))
-            if (const OzkMapNode* found = origin(child))
-                return found;
-        return nullptr;
+        return node.origin == nullptr && paths_.parent_of(node) != nullptr ? &node : node.origin;
     }
 
     Request& request_;

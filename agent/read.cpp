@@ -88,8 +88,13 @@ private:
     void walk_root(ozk::Run& run, OzkMapNode& node)
     {
         const ModelRoot* root = find_root(node);
-        if (root == nullptr || library_.root_walker(*root) == nullptr)
+        if (library_.root_walker(*root) == nullptr) {
+            reading_.notes.push_back(
+                {"operation-not-supported",
+                 fmt::format("/{} ({}) has no walker in the map library, skipped", root->name,
+                             prefix_of(root->ns_uri))});
             return;
+        }
         Walk walked = walk(run, library_, *root, node);
         if (walked.status != MAP_OK)
             reading_.walks.push_back(std::move(walked));

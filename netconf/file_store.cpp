@@ -199,10 +199,8 @@ void NativeFile::replace(const std::function<void()>& before_replacing)
                                              "power: {}",
                                              std::strerror(errno))});
     struct stat status {};
-    if (fstat(file, &status) == 0)
-        stamp_ = stamp_of(status, stamp_.generation);
-    else
-        forget();
+    fstat(file, &status); // or else the file is read once more
+    stamp_ = stamp_of(status, stamp_.generation);
 }
 
 // ---------------------------------------------------------------------------------------------
