@@ -419,6 +419,10 @@ def too_big(folder):
         expect(session.read_message().tags == ["too-big"], "too-big")
         expect(session.wait() == 1, session.log())
         sender.join(DEADLINE)
+    with Session(folder, f"--max-message={limit}") as session:
+        session.send(b"\n#4294967295\n" + b"x" * (limit + 1))
+        expect(session.read_message().tags == ["too-big"], "too-big, before all of it is there")
+        expect(session.end() == 1 and f"more than {limit} bytes" in session.log()[-1], session.log())
     # What has just the size that is allowed is answered.
     fit = rpc(get_config(interface(LOOPBACK)))
     for framing_of, version in ((ended, "1.0"), (chunked, "1.1")):
@@ -564,6 +568,10 @@ def documents(folder):
         with Session(folder, running=running, version=None) as session:
             expect(session.wait() == 2 and session.received == b"", running)
             expect(part in session.log()[-1], session.log())
+    (folder / "running.xml.lock").unlink(missing_ok=True)
+    (folder / "running.xml.lock").mkdir()
+    with Session(folder, version=None) as session:
+        expect(session.wait() == 2 and "lock: Is a directory" in session.log()[-1], session.log())
 
 
 # Functions of the system that fail when the environment says so, and note what stores a document.
@@ -581,6 +589,7 @@ PRELOADED = r"""
 #include <sys/signalfd.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <time.h>
 #include <unistd.h>
 
 static int fails(const char *what, int error)
@@ -643,13 +652,18 @@ ssize_t read(int file, void *bytes, size_t size)
         return -1;
     return syscall(SYS_read, file, bytes, fails("piece", 0) && size > 100 ? 100 : size);
 }
+ssize_t pread(int file, void *bytes, size_t size, off_t offset)
+{
+    return fails("pread", EIO) ? -1 : syscall(SYS_pread64, file, bytes, size, offset);
+}
 int open(const char *path, int flags, ...)
 {
     static int count;
     va_list arguments;
     va_start(arguments, flags);
-    if (strstr(path, ".lock") && ((fails("open", EACCES) && ++count < 5) ||
-                                  (fails("race", ENOENT) && ++count < 2)))
+    if (strstr(path, ".lock") &&
+        ((fails("open", EACCES) && ++count < 5) || (fails("race", ENOENT) && ++count < 2) ||
+         (fails("access", EACCES)) || (fails("place", flags & O_CREAT ? ENOSPC : ENOENT))))
         return -1;
     return openat(AT_FDCWD, path, flags, flags & O_CREAT ? va_arg(arguments, int) : 0);
 }
@@ -659,7 +673,10 @@ int fcntl(int file, int command, ...)
     va_start(arguments, command);
     struct flock *lock = va_arg(arguments, struct flock *);
     if (command == F_SETLK && (fails("lock", ENOLCK) ||
-                               (fails("session", EAGAIN) && lock->l_start >= 100)))
+                               (fails("session", EAGAIN) && lock->l_start >= 100) ||
+                               (fails("edits", EAGAIN) && lock->l_start == 1)))
+        return -1;
+    if (command == F_GETLK && fails("holder", ENOLCK))
         return -1;
     return syscall(SYS_fcntl, file, command, lock);
 }
@@ -675,6 +692,22 @@ int poll(struct pollfd *files, nfds_t count, int milliseconds)
     if (sometimes_fails("poll", EINTR) || fails("wait", EIO))
         return -1;
     return ppoll(files, count, milliseconds < 0 ? 0 : &time, 0);
+}
+int kill(pid_t process, int signal)
+{
+    return fails("kill", EPERM) ? -1 : fails("deaf", 0) ? 0 : syscall(SYS_kill, process, signal);
+}
+int fstat(int file, struct stat *status)
+{
+    return fails("fstat", EIO) && file > 2 ? -1 : syscall(SYS_fstat, file, status);
+}
+int clock_gettime(clockid_t clock, struct timespec *time)
+{
+    static int hours;
+    int status = syscall(SYS_clock_gettime, clock, time);
+    if (clock == CLOCK_MONOTONIC && (fails("edits", 0) || fails("deaf", 0)))
+        time->tv_sec += hours++; // time flies
+    return status;
 }
 int signalfd(int file, const sigset_t *signals, int flags)
 {
@@ -894,6 +927,12 @@ FAILING = [
     ("write", 0, "<ok/>", ": ok", True),
     ("piece", 0, "<ok/>", ": ok", True),
     ("poll", 0, "<ok/>", ": ok", True),
+    ("fstat", 0, "<ok/>", ": ok", True),
+    ("edits", 0, "have edited without a pause for 30 s", "refused: in-use: ", False),
+    ("holder", 0, "running.xml.lock: No locks available", "", False),
+    ("pread", 0, "running.xml.lock: Input/output error", "", False),
+    ("access", 2, "", "running.xml.lock: Permission denied", False),
+    ("place", 2, "", "running.xml.lock: No space left on device", False),
     ("open", 0, "<ok/>", ": ok", True),
     ("race", 0, "<ok/>", ": ok", True),
     ("lock", 2, "", "running.xml.lock: No locks available", False),
@@ -905,13 +944,17 @@ FAILING = [
 
 
 def failing_calls(folder):
-    """Calls of the system that fail or do a part, each in a session with one edit."""
+    """Calls of the system that fail or do a part, each in a session with one request."""
+    def session(fails, request, *options, **more):
+        return subprocess.run(
+            [YMAP, "serve", "--running=running.xml", "--log-to-stderr", *options], cwd=folder,
+            input=ended(hello("1.0")) + ended(request), capture_output=True, check=False,
+            env=preload(folder, fails), **more)
+
     for fails, status, reply, line, is_stored in (("", 0, "<ok/>", ": ok", True), *FAILING):
         new, old = f"after {fails}", description(folder)
         (folder / "calls").write_text("")
-        done = subprocess.run([YMAP, "serve", "--running=running.xml", "--log-to-stderr"], cwd=folder,
-                              input=ended(hello("1.0")) + ended(rpc(describe(new))),
-                              capture_output=True, check=False, env=preload(folder, fails))
+        done = session(fails, rpc(describe(new)))
         expect(done.returncode == status and reply in done.stdout.decode() and
                line in done.stderr.decode() and (b"<ok/>" in done.stdout) == (reply == "<ok/>"),
                f"{fails}: {done}")
@@ -922,12 +965,15 @@ def failing_calls(folder):
     # Of memory, wherever it ends.
     for fails, sent, part in (("stream", WHOLE, b">resource-denied<"),
                               ("", "<" * 100_000_000, b"ends: failed: std::bad_alloc")):
-        done = subprocess.run([YMAP, "serve", "--running=running.xml", "--log-to-stderr", "--log=error",
-                               "--max-message=200000000"], cwd=folder,
-                              input=ended(hello("1.0")) + ended(sent), capture_output=True,
-                              check=False, env=preload(folder, fails), preexec_fn=lambda:
-                              resource.setrlimit(resource.RLIMIT_AS, (120_000_000, 120_000_000)))
+        done = session(fails, sent, "--log=error", "--max-message=200000000", preexec_fn=lambda:
+                       resource.setrlimit(resource.RLIMIT_AS, (120_000_000, 120_000_000)))
         expect(part in done.stdout + done.stderr, done)
+    with Session(folder) as other:
+        for fails, part in (("kill", "is another user's"), ("deaf", "doesn't end")):
+            done = session(fails, rpc(f"<kill-session><session-id>{other.id}</session-id>"
+                                      "</kill-session>"))
+            expect(f"session {other.id} {part}" in done.stdout.decode(), done)
+        other.do("<validate><source><running/></source></validate>")
 
 
 def deaths(folder):
