@@ -864,12 +864,12 @@ def storing(folder):
     real.mkdir()
     running.rename(real / "running.xml")
     running.symlink_to("real/running.xml")
-    os.chmod(real / "running.xml", 0o640)
+    os.chmod(real / "running.xml", 0o4640)
     (real / "running.xml.new").write_text("left by a session that was killed")
     with Session(folder) as session:
         session.do(describe("linked"))
         expect(running.is_symlink() and description(folder) == "linked", "the link stays")
-        expect((real / "running.xml").stat().st_mode & 0o777 == 0o640, "the mode stays")
+        expect((real / "running.xml").stat().st_mode & 0o7777 == 0o4640, "the mode stays")
         expect(sorted(each.name for each in real.iterdir()) == ["running.xml", "running.xml.lock"],
                list(real.iterdir()))
         before = running.read_bytes()
