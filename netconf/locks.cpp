@@ -175,9 +175,7 @@ std::vector<uint32_t> Locks::other_sessions()
     while (!ranges.empty()) {
         const auto [begin, end] = ranges.back();
         ranges.pop_back();
-        const struct flock lock = find(begin, end - begin);
-        if (lock.l_type == F_UNLCK)
-            continue;
+        const struct flock lock = find(begin, end - begin); // what nobody has comes back as it was
         if (lock.l_pid > 0 && lock.l_start == FIRST_SESSION + lock.l_pid)
             ids.push_back(static_cast<uint32_t>(lock.l_pid));
         if (lock.l_start > begin)

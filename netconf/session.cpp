@@ -148,7 +148,8 @@ public:
     {
     }
 
-    void run(const std::function<void()>& on_hello_sent)
+    /// Ends by a SessionEnd, or by another exception where something fails.
+    [[noreturn]] void run(const std::function<void()>& on_hello_sent)
     {
         limit_ = Clock::now() + seconds(options_.hello_time);
         send(server_.hello());
@@ -276,7 +277,6 @@ SessionEnd serve_session(Server& server, const SessionOptions& options,
     } catch (const std::exception& error) {
         return {fmt::format("failed: {}", error.what()), true};
     }
-    return {};
 }
 
 } // namespace ymap::netconf

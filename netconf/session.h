@@ -24,8 +24,8 @@ struct SessionOptions {
 
 /// How a session has ended.
 struct SessionEnd {
-    std::string reason;    ///< for the log
-    bool is_fault = false; ///< no end that the client or the administrator has asked for
+    std::string reason; ///< for the log
+    bool is_fault;      ///< no end that the client or the administrator has asked for
 };
 
 /// Serves one session from the hellos to its end. The signals SIGTERM and SIGHUP end it between two
