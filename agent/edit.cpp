@@ -211,11 +211,12 @@ private:
     void require_roots() const
     {
         for (const OzkMapNode& root : children(edit_.top())) {
-            if (find_root(root) == nullptr)
+            const ModelRoot* known = find_root(root);
+            if (known == nullptr || known->is_clients || known->is_state)
                 throw RequestError(
                     {"operation-failed",
                      fmt::format(
-                         "a path of the map is of /{} ({}), which is no root of native data",
+                         "a path of the map is of /{} ({}), which is no native configuration",
                          root.tag, prefix_of(text(root.ns_uri)))});
             const bool holds_state =
                 std::ranges::any_of(children(*native_.top), [](const OzkMapNode& each) {
@@ -247,11 +248,18 @@ private:
         return error;
     }
 
-    /// The node of the request that a node of the edit stands for, or null; or the node itself,
-    /// where it is the request's.
+    /// The node of the request that a node of the edit stands for: its own, or the first below it
+    /// that has one; or the node itself, where it is the request's.
     const OzkMapNode* origin(const OzkMapNode& node)
     {
-        return node.origin == nullptr && paths_.parent_of(node) != nullptr ? &node : node.origin;
+        if (node.origin != nullptr)
+            return node.origin;
+        if (paths_.parent_of(node) != nullptr)
+            return &node;
+        for (const OzkMapNode& child : children(node))
+            if (const OzkMapNode* found = origin(child))
+                return found;
+        return nullptr;
     }
 
     Request& request_;

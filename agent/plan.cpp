@@ -217,6 +217,7 @@ private:
         const Schema::Node& schema = library_.schema(root).root();
         schema_                    = &library_.schema(root);
         root_                      = &root;
+        asked_for_.clear(); // another root of that name may not have been asked for
         OzkMapNode filter = bare(node), asked = bare(node);
         if (plan_children(schema, node, filter, &asked)) {
             plan_.filter.append(plan_.filter.top()) = filter;
@@ -342,7 +343,7 @@ private:
                 complete(plan_.map_request, below, *keys);
         }
         add(plan_.filter, filter, own);
-        if (asked != nullptr && (keys == nullptr || is_new(*asked, below)))
+        if (asked != nullptr && (keys == nullptr || is_new(below)))
             add(plan_.map_request, *asked, below);
         return true;
     }
@@ -422,12 +423,11 @@ private:
         return made;
     }
 
-    /// Whether an entry of a root is the first that asks for just this: what is below entries is
+    /// Whether an entry of the root is the first that asks for just this: what is below entries is
     /// asked for as it comes.
-    bool is_new(const OzkMapNode& root, const OzkMapNode& entry)
+    bool is_new(const OzkMapNode& entry)
     {
-        return !children(entry).empty() ||
-               asked_for_.insert(fmt::format("{}={}", text(root.tag), text(entry.value))).second;
+        return !children(entry).empty() || asked_for_.insert(text(entry.value)).second;
     }
 
     const Request& request_;
@@ -436,8 +436,8 @@ private:
     Notes notes_;
     ReadPlan plan_;
     const Schema* schema_  = nullptr;
-    const ModelRoot* root_ = nullptr;           ///< the one that is read
-    std::unordered_set<std::string> asked_for_; ///< entries that are asked for whole
+    const ModelRoot* root_ = nullptr;                ///< the one that is read
+    std::unordered_set<std::string_view> asked_for_; ///< its entries that are asked for whole
 };
 
 // ---------------------------------------------------------------------------------------------

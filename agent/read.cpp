@@ -88,13 +88,9 @@ private:
     void walk_root(ozk::Run& run, OzkMapNode& node)
     {
         const ModelRoot* root = find_root(node);
-        if (library_.root_walker(*root) == nullptr) {
-            reading_.notes.push_back(
-                {"operation-not-supported",
-                 fmt::format("/{} ({}) has no walker in the map library, skipped", root->name,
-                             prefix_of(root->ns_uri))});
-            return;
-        }
+        if (library_.root_walker(*root) == nullptr)
+            return note(fmt::format("/{} ({}) has no walker in the map library, skipped",
+                                    root->name, prefix_of(root->ns_uri)));
         Walk walked = walk(run, library_, *root, node);
         if (walked.status != MAP_OK)
             reading_.walks.push_back(std::move(walked));
@@ -109,10 +105,15 @@ private:
             if (std::ranges::none_of(natives_, [&](const Native& native) {
                     return ozk::find_child(*native.top, root.tag, root.ns_uri) != nullptr;
                 }))
-                reading_.notes.push_back(
-                    {"data-missing",
-                     fmt::format("no native document has /{} ({}), which the request selects",
-                                 root.tag, prefix_of(text(root.ns_uri)))});
+                note(fmt::format("no native document has /{} ({}), which the request selects",
+                                 root.tag, prefix_of(text(root.ns_uri))));
+    }
+
+    /// Of several documents, what is said of each is said once.
+    void note(const std::string& message)
+    {
+        if (std::ranges::find(reading_.notes, message, &Note::message) == reading_.notes.end())
+            reading_.notes.push_back({"operation-failed", message});
     }
 
     /// Takes what was selected into the reply. Roots of several documents are one.

@@ -199,6 +199,8 @@ EnvelopeReader::parameters(OzkMapNode& operation, const std::array<std::string_v
     for (OzkMapNode& parameter : children(operation)) {
         const auto name = std::ranges::find_if(
             names, [&](std::string_view each) { return is_netconf(parameter, each); });
+        if (name == names.end() && !is_of_netconf(parameter))
+            throw RequestError(of_other_namespace(parameter, operation));
         if (name == names.end())
             fail("unknown-element",
                  fmt::format("element '{}' is not supported in {}", parameter.tag, operation.tag),
@@ -220,8 +222,10 @@ void EnvelopeReader::require_datastore(const OzkMapNode* parameter, const char* 
         fail_missing(name, fmt::format("{} has no '{}'", operation.tag, name), operation);
     const auto names = children(*parameter);
     if (names.size() != 1)
-        fail("bad-element", fmt::format("'{}' holds no name of a datastore", name), *parameter);
+        fail("bad-element", fmt::format("one datastore is expected in '{}'", name), *parameter);
     const auto is_it = [&](std::string_view each) { return is_netconf(names.front(), each); };
+    if (!text(names.front().ns_uri).empty() && !is_of_netconf(names.front()))
+        throw RequestError(of_other_namespace(names.front(), *parameter));
     if (std::ranges::none_of(options_.datastores, is_it))
         fail("invalid-value",
              fmt::format("'{}' is not supported as the {} of {}", names.front().tag, name,
@@ -360,6 +364,18 @@ void EnvelopeReader::find_namespaces(OzkMapNode& filter)
 }
 
 } // namespace
+
+Error of_other_namespace(const OzkMapNode& node, const OzkMapNode& parent)
+{
+    Error error{"unknown-namespace", data::for_message(fmt::format(
+                                         "element '{}' of namespace '{}' is not supported in {}",
+                                         node.tag, text(node.ns_uri), parent.tag))};
+    error.line          = node.line;
+    error.type          = "protocol";
+    error.bad_element   = node.tag;
+    error.bad_namespace = text(node.ns_uri);
+    return error;
+}
 
 Error error_at(const char* tag, const std::string& message, const OzkMapNode& top,
                const OzkMapNode& node)

@@ -59,6 +59,8 @@ Request parse_config(data::Document document, OzkMapNode& config);
 /// below it, a <filter> and what a <config> holds excepted: those are parse_request()'s.
 void refuse_attributes(const data::Document& document, const OzkMapNode& operation);
 
+/// An error of the envelope about `node`, which stands in `parent` and is of another namespace.
+Error of_other_namespace(const OzkMapNode& node, const OzkMapNode& parent);
 /// An error about `node`, which is of the tree below `top`: with its line and its paths.
 Error error_at(const char* tag, const std::string& message, const OzkMapNode& top,
                const OzkMapNode& node);

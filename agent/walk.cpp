@@ -90,14 +90,11 @@ Walk walk(ozk::Run& run, const MapLibrary& library, const ModelRoot& root, OzkMa
 
 Error error_of(const Walk& walk)
 {
-    Error error{"operation-failed", fmt::format("the walk of /{} returned {}", walk.root->name,
-                                                status_text(walk.status))};
+    Error error{"operation-failed", {}};
     error.path        = walk.path;
     error.error_path  = walk.error_path;
     error.line        = walk.line;
     error.bad_element = walk.tag;
-    if (walk.node == nullptr) // nothing was looked at
-        return error;
     switch (walk.status) {
     case MAP_NOT_MAPPED:
         error.tag     = "operation-not-supported";
@@ -118,12 +115,16 @@ Error error_of(const Walk& walk)
         error.bad_attribute = "operation";
         break;
     case MAP_ERR_ADD_REFUSED:
-        error.tag           = "unknown-namespace";
-        error.message       = fmt::format("'{}' is of a model that nobody serves here", walk.tag);
-        error.bad_namespace = text(walk.node->ns_uri);
+        error.tag     = "unknown-namespace";
+        error.message = fmt::format("'{}' is of a model that nobody serves here", walk.tag);
+        if (walk.node != nullptr)
+            error.bad_namespace = text(walk.node->ns_uri);
         break;
     default: break;
     }
+    if (walk.node == nullptr || error.message.empty()) // of no node that is known, or no known end
+        error.message =
+            fmt::format("the walk of /{} returned {}", walk.root->name, status_text(walk.status));
     return error;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <vector>
 
 #include <fmt/core.h>
@@ -43,11 +44,15 @@ public:
         }
         out_ << "{";
         const char* separator = "\n";
+        std::set<std::string> names;
         for (const auto& instances : members) {
             const OzkMapNode& first = *instances.front();
             out_ << separator;
-            separator = ",\n";
-            out_.fill(indent + 2, ' ') << json_string(name(first, node)) << ": ";
+            separator        = ",\n";
+            std::string name = name_of(first, node);
+            if (!names.insert(name).second) // by a guess at two modules that nobody knows
+                name = fmt::format("{}:{}", text(first.ns_uri), text(first.tag));
+            out_.fill(indent + 2, ' ') << json_string(name) << ": ";
             const size_t above = path_.size();
             path_.append(1, '/').append(text(first.tag));
             if (instances.size() > 1 || schema_.is_list(first.ns_uri, path_))
@@ -62,7 +67,7 @@ public:
     }
 
 private:
-    std::string name(const OzkMapNode& node, const OzkMapNode& parent) const
+    std::string name_of(const OzkMapNode& node, const OzkMapNode& parent) const
     {
         if (ozk::same_text(node.ns_uri, parent.ns_uri))
             return std::string(text(node.tag));

@@ -59,7 +59,9 @@ std::array<OzkMapNode*, count> parameters(OzkMapNode& operation,
              operation.tag);
     for (OzkMapNode& parameter : children(operation)) {
         const auto name = std::find(names.begin(), names.end(), text(parameter.tag));
-        if (name == names.end() || !ozk::same_text(parameter.ns_uri, operation.ns_uri))
+        if (!ozk::same_text(parameter.ns_uri, operation.ns_uri))
+            throw RequestError(agent::of_other_namespace(parameter, operation));
+        if (name == names.end())
             fail("unknown-element",
                  fmt::format("element '{}' is not supported in {}", parameter.tag, operation.tag),
                  "protocol", parameter.tag);
@@ -92,15 +94,28 @@ void require_running(const OzkMapNode& parameter)
 {
     const auto names = children(parameter);
     if (names.size() != 1)
-        fail("bad-element", fmt::format("'{}' holds no name of a datastore", parameter.tag),
+        fail("bad-element", fmt::format("one datastore is expected in '{}'", parameter.tag),
              "protocol", parameter.tag);
-    if (!is_of_netconf(names.front()) || text(names.front().tag) != "running")
+    if (!is_of_netconf(names.front()))
+        throw RequestError(agent::of_other_namespace(names.front(), parameter));
+    if (text(names.front().tag) != "running")
         fail("invalid-value",
              fmt::format("'{}' is not supported as the {}", names.front().tag, parameter.tag),
              "protocol", names.front().tag);
     if (names.front().value != nullptr || !children(names.front()).empty())
         fail("bad-element", fmt::format("'{}' is no empty element", names.front().tag), "protocol",
              names.front().tag);
+}
+
+/// The first node with an operation of its own, or null.
+const OzkMapNode* find_operation(const OzkMapNode& node)
+{
+    if (node.edit_is_own != 0)
+        return &node;
+    for (const OzkMapNode& child : children(node))
+        if (const OzkMapNode* found = find_operation(child))
+            return found;
+    return nullptr;
 }
 
 /// Ends an edit, however it comes to its end.
@@ -295,7 +310,7 @@ void Server::Exchange::read(data::Document document, OzkMapNode&)
     agent::Request& request = parse(std::move(document));
     const bool reads_state  = request.op_code == MAP_OP_GET;
     std::vector<OzkMapNode> monitoring_roots;
-    if (reads_state && request.content != nullptr) {
+    if (request.content != nullptr) {
         auto& content        = const_cast<OzkMapNode&>(*request.content); // the request is ours
         const auto all       = children(content);
         const auto is_others = [](const OzkMapNode& root) {
@@ -317,6 +332,11 @@ void Server::Exchange::read(data::Document document, OzkMapNode&)
         if (walk.status != MAP_OK)
             errors_.push_back(agent::error_of(walk));
     add_faults(reading_->faults);
+    if (!reads_state)
+        for (const OzkMapNode& root : monitoring_roots)
+            reading_->notes.push_back(
+                {"", fmt::format("'{}' is state, which get-config doesn't read", root.tag),
+                 fmt::format("/{}", root.tag)});
     if (!reading_->notes.empty())
         log(reads_state ? "get" : "get-config", reading_->notes);
     if (reads_state && (request.reads_all || !monitoring_roots.empty()))
@@ -359,9 +379,11 @@ void Server::Exchange::validate(data::Document document, OzkMapNode& operation)
         store_.running(); // which is told of if it can't be read
         return;
     }
-    if (document.has_operations) {
-        Error error{"unknown-attribute", "a configuration to be validated has no operations"};
-        error.bad_element   = "config";
+    if (const OzkMapNode* node = find_operation(content.front())) {
+        Error error         = agent::error_at("unknown-attribute",
+                                              "a configuration to be validated has no operations",
+                                              content.front(), *node);
+        error.bad_element   = node->tag;
         error.bad_attribute = "operation";
         throw RequestError(error);
     }
@@ -438,8 +460,10 @@ void Server::Exchange::get_schema(data::Document, OzkMapNode& operation)
             schema_text_ = module.text();
             return;
         }
-    fail("invalid-value", fmt::format("there is no schema '{}' of that version", name), "protocol",
-         "identifier");
+    fail("invalid-value",
+         fmt::format("there is no schema '{}'{}", name,
+                     version != nullptr ? " of that version" : ""),
+         "protocol", "identifier");
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -525,8 +549,8 @@ void Server::Exchange::log(std::string_view what, std::span<const agent::Note> n
     constexpr size_t told = 3; // a request may hold as many as it has bytes
     std::string line      = fmt::format("session {}: {}", options_.session_id, what);
     for (const agent::Note& note : notes.first(std::min(notes.size(), told)))
-        line += fmt::format("; not carried out: {}: {}", data::for_message(note.path),
-                            data::for_message(note.message));
+        line += fmt::format("; not carried out: {}{}{}", data::for_message(note.path),
+                            note.path.empty() ? "" : ": ", data::for_message(note.message));
     if (notes.size() > told)
         line += fmt::format("; and {} more", notes.size() - told);
     server_.log_(line);
@@ -538,10 +562,8 @@ void Server::Exchange::log_edit(std::span<const agent::Note> notes) const
     // One whose envelope was refused is no request.
     std::string line = by_client(request_ && request_->test_only ? "test of an edit" : "edit");
     const auto roots = request_ ? request_->roots() : std::span<const OzkMapNode>();
-    if (request_)
-        line += " of";
-    for (const OzkMapNode& root : roots.first(std::min(roots.size(), told)))
-        line += fmt::format(" /{}", data::for_message(text(root.tag)));
+    for (size_t i = 0; i < std::min(roots.size(), told); ++i)
+        line += fmt::format("{}/{}", i == 0 ? " of " : " ", data::for_message(text(roots[i].tag)));
     if (roots.size() > told)
         line += fmt::format(" and {} more", roots.size() - told);
     if (errors_.empty())

@@ -92,11 +92,11 @@ public:
                 limit = Clock::now() + seconds(options_.write_time);
             } else if (count < 0 && errno == EAGAIN) {
                 // Whoever wants the session to end waits for the answer as long as it is taken.
-                if (is_ended())
-                    limit = std::min(limit, Clock::now() + seconds(1));
+                const int patience = is_ended() ? 1 : options_.write_time;
+                limit              = std::min(limit, Clock::now() + seconds(patience));
                 if (!wait(options_.output, POLLOUT, limit))
-                    end(fmt::format("the client took nothing of an answer for {} s",
-                                    options_.write_time));
+                    end(fmt::format("{}the client took nothing of an answer for {} s",
+                                    is_ended_ ? "ended by a signal: " : "", patience));
             } else if (errno != EINTR) {
                 end(fmt::format("cannot write: {}", std::strerror(errno)));
             }

@@ -93,7 +93,8 @@ TEST(Loading, FunctionsOfTheManualSourceTakeThePlaceOfGeneratedOnes)
 {
     const Library library(YMAP_REPLACED_LIBRARY);
     uint32_t status = MAP_OK;
-    EXPECT_EQ(walk(library, MAP_OP_EDIT, edit, status), "/container, /list, /leaf, /again, /again, /hook");
+    EXPECT_EQ(walk(library, MAP_OP_EDIT, edit, status),
+              "/container, /list, /leaf, /again, /again, /hook");
     EXPECT_EQ(status, MAP_OK);
     // The generated bodies stay under their own names, called by nobody.
     for (const std::string name :

@@ -4,8 +4,8 @@
 # run.
 # usage: manual_test.sh YMAP FOLDER   with the page and the completions, in the folder of the sources
 set -euo pipefail
-ymap=$1
-folder=$2
+ymap=$(realpath "$1")
+folder=$(realpath "$2")
 page=$folder/ymap.1
 
 work=$(mktemp -d)
@@ -106,7 +106,9 @@ hello='<hello xmlns="urn:ietf:params:xml:ns:netconf:base:1.0"><capabilities><cap
 hello+='urn:ietf:params:netconf:base:1.0</capability></capabilities></hello>]]>]]>'
 { "$ymap" --help-all | sed -n 's/^Example: //p'; sed -n 's/^\.Dl ymap/ymap/p' "$page"; } |
     sed 's/ --library [^ ]*//; s/ |.*//' >"$work/examples.sh"
-[ "$(wc -l <"$work/examples.sh")" -gt 10 ]
+for verb in $(cut -d' ' -f1 "$work/help" | sort -u); do
+    [ "$(grep -c "^ymap $verb " "$work/examples.sh")" -gt 1 ] || { echo "no examples of $verb"; exit 1; }
+done
 while read -r line; do
     (cd "$work" && eval "${line/#ymap/\"\$ymap\"}" <<<"$hello" >out 2>err) ||
         { echo "'$line' ends with $?: $(tail -n 1 "$work/err")"; exit 1; }
