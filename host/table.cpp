@@ -320,7 +320,7 @@ void print_markdown(const std::vector<Section>& sections)
 // ---------------------------------------------------------------------------------------------
 
 /// Whether `path` is `prefix` or lies below it.
-bool is_below(std::string_view path, std::string_view prefix)
+bool is_at_or_below(std::string_view path, std::string_view prefix)
 {
     while (prefix.ends_with('/'))
         prefix.remove_suffix(1);
@@ -377,8 +377,9 @@ int print_table(const TableOptions& options)
         if (!options.model.empty() && options.model != prefix_of(root.ns_uri))
             continue;
         Section section{&root, library.schema(root).explored()};
-        std::erase_if(section.nodes,
-                      [&](const ExploredNode& node) { return !is_below(node.path, options.path); });
+        std::erase_if(section.nodes, [&](const ExploredNode& node) {
+            return !is_at_or_below(node.path, options.path);
+        });
         known += section.nodes.size();
         if (options.mapped)
             std::erase_if(section.nodes, std::not_fn(is_mapped));
