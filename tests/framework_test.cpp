@@ -375,8 +375,16 @@ TEST(Framework, LogGoesToItsStream)
             _tlm_dt_log_filter_adv(log, 0, 0, 0, 0, 0, &site, "%s %d", longer.c_str(), 7);
     });
     log_raw(run, 0, {}, &site, "outside of a walk");
+    std::string expected = longer + " 7\n" + longer + " 7\noutside of a walk\n";
+    for (const size_t length : {511, 512, 513}) { // about what fits without memory of its own
+        const std::string line(length, 'y');
+        run.call([&] {
+            _tlm_dt_log_filter_adv(run.ctx()->error_log, 0, 0, 0, 0, 0, &site, "%s", line.c_str());
+        });
+        expected += line + "\n";
+    }
     fclose(stream);
-    EXPECT_EQ(text, longer + " 7\n" + longer + " 7\noutside of a walk\n");
+    EXPECT_EQ(text, expected);
     free(text);
 }
 

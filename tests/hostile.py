@@ -64,6 +64,8 @@ REQUESTS = [
      2, "a tag is longer than"),
     ("an attribute as long as a tag may be", lambda: root("", f" nc:operation='{'a' * 50_000}'"),
      2, "unknown operation 'aaaaaa"),
+    ("a tag that is a little too long", lambda: root("", f" nc:operation='{'a' * 70_000}'"),
+     2, "a tag is longer than"),
     ("attributes without end", lambda: "<interfaces" + numbered(300_000, " a#=''"),
      2, "a tag is longer than"),
     ("namespaces without end", lambda: root("", numbered(200_000, " xmlns:a#='urn:#'")),

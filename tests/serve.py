@@ -964,10 +964,9 @@ FAILING = [
 
 def failing_calls(folder):
     """Calls of the system that fail or do a part, each in a session with one request."""
-    def session(fails, request, *options, limit="unlimited"):
+    def session(fails, request, *options, before=()):
         return subprocess.run(
-            ["prlimit", f"--as={limit}", YMAP, "serve", "--running=running.xml", "--log-to-stderr",
-             *options], cwd=folder, input=ended(hello("1.0")) + ended(request),
+            [*before, YMAP, "serve", "--running=running.xml", "--log-to-stderr", *options], cwd=folder, input=ended(hello("1.0")) + ended(request),
             capture_output=True, check=False, env=preload(folder, fails))
 
     for fails, status, reply, line, is_stored in (("", 0, "<ok/>", ": ok", True), *FAILING):
@@ -989,7 +988,8 @@ def failing_calls(folder):
     # Of memory, wherever it ends.
     for fails, sent, part in (("stream", WHOLE, b">resource-denied<"),
                               ("", "<" * 100_000_000, b"ends: failed: std::bad_alloc")):
-        done = session(fails, sent, "--log=error", "--max-message=200000000", limit=120_000_000)
+        done = session(fails, sent, "--log=error", "--max-message=200000000",
+                       before=["prlimit", "--as=120000000:120000000"])
         expect(part in done.stdout + done.stderr, done)
     with Session(folder) as other:
         for fails, part in (("kill", "access-denied is another user's"),
