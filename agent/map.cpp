@@ -63,7 +63,6 @@ ozk::Tree native_edit(const Request& request, const MapLibrary& library,
                       std::span<const Walk> walks, std::span<const ozk::AddedPath> added)
 {
     ozk::Tree edit;
-    edit.top().edit = static_cast<uint8_t>(request.default_operation);
     for (const Walk& walk : walks) {
         if (!walk.root->is_clients)
             continue;
@@ -80,8 +79,8 @@ ozk::Tree native_edit(const Request& request, const MapLibrary& library,
             made.origin      = &*root;
             made.edit_is_own = operation != request.default_operation;
         }
-        edit.top().edit = static_cast<uint8_t>(request.default_operation);
     }
+    edit.top().edit = static_cast<uint8_t>(request.default_operation);
     for (const OzkMapNode& root : request.roots()) {
         const ModelRoot* known = find_root(root);
         if (known == nullptr || known->is_clients || known->is_state)

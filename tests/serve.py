@@ -7,6 +7,7 @@ import argparse
 import calendar
 import concurrent.futures as futures
 import contextlib
+import fcntl
 import json
 import os
 import pathlib
@@ -304,6 +305,9 @@ HELLOS = [
     ("that is no XML", ended("hello"), "bad hello: hello:1: Start tag expected, '<' not found"),
     ("with a DOCTYPE", ended("<!DOCTYPE hello>" + hello("1.1")),
      "bad hello: hello:1: a DOCTYPE is not accepted"),
+    ("that isn't in UTF-8",
+     b"<?xml version='1.0' encoding='latin1'?>" + ended(hello("1.1") + "<!-- \xe9 -->").replace(
+         b"\xc3", b""), "bad hello: hello:1: a message has to be in UTF-8"),
     ("in chunks", chunked(hello("1.1")), "no hello within 1 s"),
     ("that is too big", b"<" + b"x" * 5000, "a message of more than 4096 bytes"),
     ("that doesn't end", hello("1.1").encode(), "no hello within 1 s"),
@@ -505,6 +509,10 @@ def monitoring(folder):
         expect((own["in-rpcs"], own["in-bad-rpcs"], own["out-rpc-errors"]) == ("2", "1", "3"), own)
         expect((own["username"], other["username"]) == ("ada", pwd.getpwuid(os.getuid()).pw_name),
                told)
+        # Whatever else is locked, by whomever.
+        with open(folder / "running.xml.lock", "r+b") as file:
+            fcntl.lockf(file, fcntl.LOCK_EX, 0, 4_000_000)
+            sessions_of(one)
         began = calendar.timegm(time.strptime(other["login-time"], "%Y-%m-%dT%H:%M:%SZ"))
         expect(abs(time.time() - began) < DEADLINE, other)
 
