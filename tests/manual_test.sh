@@ -96,6 +96,8 @@ done
 sed -n 's/^\.It Fl \(h , \)\?\(-[a-z-]*\).*/-\2/p' "$page" | sort -u | diff "$work/all" - ||
     { echo "the page's list of options differs"; exit 1; }
 
+"$ymap" --version | grep -qE '^ymap [0-9]+\.[0-9]+\.[0-9]+$' || { echo "no version"; exit 1; }
+
 # Those of the help are for the folder of the sources, those of the page for one with the examples;
 # a library of the reader's own is left out, and what another program does with the output.
 mkdir -p "$work/tests/transcripts"
