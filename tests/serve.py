@@ -403,9 +403,9 @@ def ends(folder):
         sender.join(DEADLINE)
     with Session(folder, "--write-timeout=1") as session: # one that takes them slowly
         sender = session.send_in_background(many)
-        for _ in range(3):
-            time.sleep(0.5)
-            session.read()
+        for _ in range(20): # in all, longer than it may take nothing
+            time.sleep(0.08)
+            session.received += os.read(session.output, 4096)
         for _ in range(1000):
             session.read_message()
         session.end()
@@ -916,8 +916,8 @@ def storing(folder):
         expect("linked" in session.ask(get_config(interface(LOOPBACK))).text, "what is stored")
         (real / "running.xml.new").rmdir()
         session.do(describe("stored"))
-        for _ in range(200): # what edits leave behind in memory is given back now and then
-            session.do(describe("x" * 100_000))
+        for i in range(60): # what edits leave behind in memory is given back now and then
+            session.do(describe(f"{i}" + "x" * 300_000))
         session.do(describe("y"))
         size = int(re.search(r"VmRSS:\s*(\d+)", pathlib.Path(
             f"/proc/{session.id}/status").read_text())[1])
