@@ -401,16 +401,15 @@ def ends(folder):
         sender = session.send_in_background(many)
         session.ends(1, "the client took nothing of an answer for 1 s")
         sender.join(DEADLINE)
-    with Session(folder, "--write-timeout=1") as session: # one that takes them slowly
-        sender = session.send_in_background(many)
+    with Session(folder, "--write-timeout=1") as session: # one that takes a page at a time
+        session.send(chunked(rpc(get_config(), f'message-id="1" x="{"y" * 60_000}"')) * 3)
         for _ in range(20): # in all, longer than it may take nothing
             time.sleep(0.08)
             session.received += os.read(session.output, 4096)
-        for _ in range(1000):
+        for _ in range(3):
             session.read_message()
         session.end()
         session.ends(0, "the client has gone")
-        sender.join(DEADLINE)
     # Whoever wants it to end waits for a second for the answer that nobody takes.
     with Session(folder) as session:
         sender = session.send_in_background(many)
