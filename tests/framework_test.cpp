@@ -376,7 +376,7 @@ TEST(Framework, LogGoesToItsStream)
     });
     log_raw(run, 0, {}, &site, "outside of a walk");
     std::string expected = longer + " 7\n" + longer + " 7\noutside of a walk\n";
-    for (const size_t length : {511, 512, 513}) { // about what fits without memory of its own
+    for (const size_t length : {511u, 512u, 513u}) { // about what fits without memory of its own
         const std::string line(length, 'y');
         run.call([&] {
             _tlm_dt_log_filter_adv(run.ctx()->error_log, 0, 0, 0, 0, 0, &site, "%s", line.c_str());
