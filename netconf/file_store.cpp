@@ -91,11 +91,11 @@ std::string checked_path(const std::string& path, bool read_only)
     return real;
 }
 
-/// Nothing of a file that isn't there: whoever opens it is told why.
 struct stat status_of(const std::string& path)
 {
     struct stat status {};
-    stat(path.c_str(), &status);
+    if (stat(path.c_str(), &status) != 0)
+        throw InputError(path, 0, fmt::format("cannot open: {}", std::strerror(errno)));
     return status;
 }
 

@@ -27,3 +27,8 @@ if [[ ${CXXFLAGS:-} != *-fsanitize=* ]]; then
     echo "no file names the folder it was built in"
     ! grep -rlF -e "$build" -e "${here%/tests}" "$prefix" || exit 1
 fi
+
+echo "ymap: without its library it says which it would load"
+find "$prefix" -name 'libymap_ietf_if.so*' -delete
+! env -u LD_LIBRARY_PATH "$prefix/bin/ymap" table >"$work/told" 2>&1 || exit 1
+grep -F "$prefix/lib" "$work/told" | grep -q libymap_ietf_if.so
